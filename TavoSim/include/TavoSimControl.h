@@ -1,0 +1,82 @@
+#pragma once
+/*
+ * Control of the simulated target behind the TavoCore stand-in.
+ *
+ * This is not part of the target library's API: the plug-in never includes
+ * it. The host stand-in uses it to choose a target profile and to load the
+ * NVRAM database; tests use it to set the scene, inject faults and read what
+ * the target was asked to do. Every function is safe to call from any thread.
+ */
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include "TavoCore.h"
+
+namespace TavoSim {
+
+/* One call that reached the simulated target, in the order of arrival. */
+struct CallRecord {
+    QString name;      /* the library function, e.g. "AST_UBIN_MODE_SETUP_r" */
+    int handle = -1;   /* -1 for calls that take no handle */
+    int timeoutMs = -1; /* -1 for calls that take no time-out */
+    QStringList args;  /* the remaining arguments as "name=value" (inputs only) */
+    TAVO_RESULT result = TAVO_OK;
+};
+
+/* Names of the profiles built into the library, sorted. "default" is a fully
+ * capable TD-SCDMA target. */
+TAVO_API QStringList BuiltInProfiles();
+
+/* Loads a profile, given as a built-in name or as the path of a JSON file, and
+ * resets the target to it (see Reset). On failure the current profile stays
+ * and *error (if given) says why. */
+TAVO_API bool LoadProfile(const QString &nameOrPath, QString *error = nullptr);
+/* Same, from an already parsed profile object. */
+TAVO_API bool LoadProfileObject(const QJsonObject &profile, QString *error = nullptr);
+/* The name of the current profile (its "name" key, else the built-in name or
+ * the file's base name). */
+TAVO_API QString CurrentProfileName();
+TAVO_API QJsonObject CurrentProfile();
+
+/* Back to the state the current profile describes: no faults, no latencies,
+ * empty call log, target state as after power-on, database unloaded. */
+TAVO_API void Reset();
+
+/* ---- Faults and latency --------------------------------------------------- */
+
+/* Makes `call` give `result` instead of doing its work. The first `skip`
+ * calls after this one pass normally; then `count` calls fail (-1: all).
+ * Several faults on one call apply in the order they were added. */
+TAVO_API void InjectFault(const QString &call, TAVO_RESULT result, int count = -1, int skip = 0);
+/* Shorthands. */
+TAVO_API void FailAlways(const QString &call, TAVO_RESULT result = TAVO_ERR_FAILED);
+TAVO_API void FailOnce(const QString &call, TAVO_RESULT result = TAVO_ERR_FAILED);
+TAVO_API void ClearFaults();
+
+/* Delays every later `call` by `ms` before it answers; "*" delays all calls. */
+TAVO_API void SetLatency(const QString &call, int ms);
+
+/* Replaces the text that TAVO_GetResultText gives for `result` (may be empty);
+ * a null QString restores the library's own text. */
+TAVO_API void SetResultText(TAVO_RESULT result, const QString &text);
+
+/* ---- Call log --------------------------------------------------------------- */
+
+TAVO_API QVector<CallRecord> CallLog();
+/* The names of the logged calls, in order; handy for compact assertions. */
+TAVO_API QStringList CallNames();
+TAVO_API int CallCount(const QString &call);
+TAVO_API void ClearCallLog();
+
+/* ---- Target state ------------------------------------------------------------ */
+
+TAVO_API bool IsUbinEnabled();
+
+/* The NVRAM database the host loads when the tool asks for one. */
+TAVO_API void LoadDatabase();
+TAVO_API void UnloadDatabase();
+TAVO_API bool IsDatabaseLoaded();
+
+} // namespace TavoSim
