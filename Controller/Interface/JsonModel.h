@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QFile>
+#include <QJsonObject>
+
+// Reads a page's data model from a file or resource and keeps the last one.
+class IJsonModel {
+public:
+    // Parses `file` into `model`; false, with a critical log line, when the
+    // file cannot be opened or is not JSON.
+    bool ReadDataModel(QFile &file, QJsonObject &model);
+
+protected:
+    ~IJsonModel() = default;
+
+    QJsonObject m_dataModel;
+};

@@ -1,0 +1,349 @@
+#include "TdscdmaCore.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QFile>
+#include <QJsonDocument>
+#include <QThread>
+#include <QThreadPool>
+#include <QtConcurrent>
+
+#include "ErrorCodeInfo.h"
+#include "ItemInfo.h"
+#include "Items/TdscdmaRfInit.h"
+#include "TavoApp.h"
+
+namespace {
+
+const char *const kFailedQueryAdvice = "Please check the SW load stability or connection status of the target and tool.";
+
+// The page model resources, by page item id.
+const char *const kModelResource[PAGE_ITEM_COUNT] = {
+    ":/TdscdmaAfc.json",   ":/TdscdmaContTx.json", nullptr, nullptr, ":/TdscdmaTadc.json",
+    ":/TdscdmaContRx.json", ":/TdscdmaDpchTx.json", ":/TdscdmaRssi.json", ":/TdscdmaBBReg.json",
+};
+
+constexpr int kTdscdmaWorldModeBit = 1;
+
+} // namespace
+
+CTdscdmaCore *CTdscdmaCore::GetInstance()
+{
+    static CTdscdmaCore instance;
+    return &instance;
+}
+
+CTdscdmaCore::CTdscdmaCore()
+{
+    // The controller answers queued to the user interface thread whichever
+    // thread first asked for it.
+    if (QCoreApplication::instance() && thread() != QCoreApplication::instance()->thread())
+        moveToThread(QCoreApplication::instance()->thread());
+    CreateItems();
+}
+
+CTdscdmaCore::~CTdscdmaCore() { delete m_rfInitObj; }
+
+void CTdscdmaCore::CreateItems()
+{
+    m_calItemMap = BuildCalItemMap();
+    m_pageItemMap = BuildPageItemMap();
+    m_rfInitObj = new CTdscdmaRfInit;
+}
+
+QString CTdscdmaCore::GetCalItemName(int id) { return CalItemInfo(id).name; }
+
+// ---- Target status ---------------------------------------------------------
+
+SRatSupportStatus CTdscdmaCore::GetRatSupportStatus()
+{
+    SRatSupportStatus &rat = m_ratStatus;
+    rat = SRatSupportStatus();
+
+    auto decide = [&rat](int status, const QString &reason, const QString &advice = QString()) {
+        rat.status = status;
+        rat.reason = reason;
+        rat.advice = advice;
+        return rat;
+    };
+    auto undetermined = [&decide](const QString &reason) {
+        return decide(SRatSupportStatus::NOT_DETERMINED, reason, kFailedQueryAdvice);
+    };
+
+    // A connection that cannot name its modem is taken for a non-C2K one:
+    // the capability queries below then tell what the target is.
+    const int handle = m_targetAccess.GetHandle();
+    int modemIndex = 0;
+    int service = TAVO_MD_SRV_NONE;
+    if (TavoConn_GetMdActiveIdx(handle, &modemIndex) == TAVO_OK &&
+        TavoConn_GetMdSrv(handle, modemIndex, &service) == TAVO_OK && service == TAVO_MD_SRV_C2K)
+        return decide(SRatSupportStatus::NOT_SUPPORTED, "It is C2K modem now.");
+
+    bool worldModeSaysSupported = false;
+
+    const SCapabilityQueryStatus mmrf = m_mmrfCapObj.GetQueryStatus();
+    if (mmrf.isApiSupported) {
+        if (!mmrf.isSuccess)
+            return undetermined("We cannot get its support status: Failed to get multi-RAT world mode ID info.");
+        if (m_mmrfCapObj.IsWorldModeValid()) {
+            if (!CapabilityRecord::IsBitSet(m_mmrfCapObj.GetWorldMode(), kTdscdmaWorldModeBit))
+                return decide(SRatSupportStatus::NOT_SUPPORTED,
+                              "Not support this RAT from SW multi-RAT world mode ID info.");
+            worldModeSaysSupported = true;
+        }
+    }
+
+    if (!worldModeSaysSupported) {
+        const SCapabilityQueryStatus gsm = m_gsmCapObj.GetQueryStatus();
+        if (gsm.isApiSupported) {
+            if (!gsm.isSuccess)
+                return undetermined("We cannot get its support status: Failed to get GSM world mode ID info.");
+            if (m_gsmCapObj.IsWorldModeValid()) {
+                if (!CapabilityRecord::IsBitSet(m_gsmCapObj.GetWorldMode(), kTdscdmaWorldModeBit))
+                    return decide(SRatSupportStatus::NOT_SUPPORTED,
+                                  "Not support this RAT from SW GSM world mode ID info.");
+                worldModeSaysSupported = true;
+            }
+        }
+    }
+
+    if (!worldModeSaysSupported) {
+        const SCapabilityQueryStatus chip = m_tdscdmaCapObj.GetChipIdQueryStatus();
+        if (!chip.isApiSupported)
+            return decide(SRatSupportStatus::NOT_SUPPORTED, "Not Support due to without any this RAT info from SW.");
+        if (!chip.isSuccess)
+            return undetermined("We cannot get its support status: Failed to get RF ID info.");
+        if (m_tdscdmaCapObj.GetRfChipId() == 0)
+            return decide(SRatSupportStatus::NOT_DETERMINED, "Support this RAT but its RF ID is unknown status.",
+                          "Please check the SW load stability or tool version.");
+    }
+
+    const SCapabilityQueryStatus capability = m_tdscdmaCapObj.GetCapabilityQueryStatus();
+    if (capability.isApiSupported && !capability.isSuccess)
+        return undetermined("Support this RAT but it failed to get its capability info.");
+    return decide(SRatSupportStatus::SUPPORTED, "Support");
+}
+
+void CTdscdmaCore::ResetCapability()
+{
+    CTdscdmaCapability::ResetTdscdmaCapability();
+    CGsmRfCapability::ResetGsmRfCapability();
+    CMmrfCapability::ResetMmrfCapability();
+    CLteRfCapability::ResetLteRfCapability();
+    CFddRfCapability::ResetFddRfCapability();
+}
+
+bool CTdscdmaCore::IsNeedDb()
+{
+    const bool allByL1 = m_mmrfCapObj.IsAfcByL1() && m_mmrfCapObj.IsTadcByL1() &&
+                         m_tdscdmaCapObj.IsNvramVerValid() && m_tdscdmaCapObj.GetNvramVerNum() == 2;
+    return !allByL1;
+}
+
+QStringList CTdscdmaCore::GetInitPageList()
+{
+    QStringList pages{"CTdscdmaAfcDockWidget"};
+    if (!m_mmrfCapObj.IsTadcByL1())
+        pages << "CTdscdmaTadcDockWidget";
+    pages << "CTdscdmaRssiDockWidget"
+          << "CTdscdmaPathlossDockWidget"
+          << "CTdscdmaContRxDockWidget"
+          << "CTdscdmaContTxDockWidget"
+          << "CTdscdmaDpchTxDockWidget"
+          << "CTdscdmaBBRegDockWidget";
+    pages << (m_tdscdmaCapObj.GetNvramVerNum() == 2 ? "CTdscdmaTpcDockWidgetV3" : "CTdscdmaTpcDockWidget");
+    return pages;
+}
+
+// ---- Arming ----------------------------------------------------------------
+
+void CTdscdmaCore::SetUbin(bool enable)
+{
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::SetUbinInternal, enable);
+}
+
+void CTdscdmaCore::SetUbinInternal(bool enable)
+{
+    SEachItemOperationResult result;
+    if (m_tdscdmaCapObj.IsUbinSupported()) {
+        const bool done = enable ? m_ubinObj.EnableUbin() : m_ubinObj.DisableUbin();
+        if (!done)
+            result.errorCode = enable ? ERROR_CODE_UBIN_INIT : ERROR_CODE_UBIN_DEINIT;
+    }
+    if (enable && result.errorCode == ERROR_CODE_SUCCESS) {
+        result.errorCode = m_rfInitObj->ResetTl1();
+        if (result.errorCode != ERROR_CODE_SUCCESS)
+            result.errorMessage = "TDSCDMA reset command failed.";
+    }
+    emit Signal_SetUbinDone(result);
+}
+
+// ---- Page models -------------------------------------------------------------
+
+std::string CTdscdmaCore::GetDataModel(QString pageName)
+{
+    try {
+        const int id = PageItemId(pageName);
+        QString resource;
+        if (id == PAGE_ITEM_TPC)
+            resource = m_tdscdmaCapObj.GetNvramVerNum() == 2 ? ":/TdscdmaTpcV3.json" : ":/TdscdmaTpc.json";
+        else if (id == PAGE_ITEM_RX_PATHLOSS)
+            resource = m_tdscdmaCapObj.IsPathlossV3() ? ":/TdscdmaPathlossV3.json" : ":/TdscdmaPathloss.json";
+        else
+            resource = kModelResource[id];
+
+        QFile file(resource);
+        QJsonObject model;
+        if (!ReadDataModel(file, model))
+            m_errorMessage = "CTdscdmaCore::GetDataModel: cannon get the data Model->" + pageName;
+        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    } catch (...) {
+        m_errorMessage = "CTdscdmaCore::GetDataModel: unexpected exception";
+        return std::string();
+    }
+}
+
+// ---- Tests -----------------------------------------------------------------
+
+void CTdscdmaCore::TestStart(QString item, std::string request)
+{
+    qDebug() << "CTdscdmaCore::Start--> " << item;
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::TestInternal, item, request);
+    m_errorMessage.clear();
+}
+
+void CTdscdmaCore::TestInternal(QString item, std::string request)
+{
+    int code = ERROR_CODE_NOT_EXECUTED;
+    std::string resultModel;
+    try {
+        const QJsonObject requestModel = QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
+        Q_UNUSED(requestModel);
+        switch (PageItemId(item)) {
+        default: // pages whose test has no operation end as not executed
+            break;
+        }
+    } catch (...) {
+    }
+    const SEachItemOperationResult result{item, code, m_errorMessage};
+    qDebug() << "CTdscdmaCore::TestInternal Done--> " << item;
+    emit Signal_TestDone(result, resultModel);
+}
+
+void CTdscdmaCore::TestStop()
+{
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::TestStopInternal, QString(),
+                                 std::string());
+    m_errorMessage.clear();
+}
+
+void CTdscdmaCore::TestStopByItem(QString item, std::string request)
+{
+    m_future =
+        QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::TestStopInternal, item, request);
+    m_errorMessage.clear();
+}
+
+void CTdscdmaCore::TestStopInternal(QString item, std::string request)
+{
+    int code = ERROR_CODE_NOT_EXECUTED;
+    QString message;
+    try {
+        Q_UNUSED(request);
+        switch (PageItemId(item)) {
+        default: // no stop operation yet: the stop did not run
+            break;
+        }
+    } catch (...) {
+        code = ERROR_CODE_NOT_EXECUTED;
+    }
+    emit Signal_TestStopDone(SEachItemOperationResult{item, code, message});
+}
+
+// ---- Calibration data --------------------------------------------------------
+
+QStringList CTdscdmaCore::GetSupportItem()
+{
+    if (GetRatSupportStatus().status == SRatSupportStatus::NOT_SUPPORTED)
+        return {};
+    QStringList items;
+    if (!m_mmrfCapObj.IsAfcByL1())
+        items << GetCalItemName(CAL_ITEM_AFC);
+    items << GetCalItemName(CAL_ITEM_RX_PATH_LOSS) << GetCalItemName(CAL_ITEM_TPC);
+    if (!m_mmrfCapObj.IsTadcByL1())
+        items << GetCalItemName(CAL_ITEM_TADC);
+    if (m_mmrfCapObj.IsSelfCalSupported(1))
+        items << GetCalItemName(CAL_ITEM_SELF_CAL);
+    return items;
+}
+
+QStringList CTdscdmaCore::GetSupportItemFromFile(TIniFile *file)
+{
+    // Each item tells whether a file holds its data; with no item able to
+    // read a file yet, no file offers any.
+    Q_UNUSED(file);
+    return {};
+}
+
+void CTdscdmaCore::UploadFromFlash(QStringList items)
+{
+    m_errorMessage.clear();
+    m_operateItems = items;
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::UploadFromFlashInternal);
+}
+
+void CTdscdmaCore::DownloadToFlash(QStringList items)
+{
+    m_errorMessage.clear();
+    m_operateItems = items;
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::DownloadToFlashInternal);
+}
+
+void CTdscdmaCore::LoadFromFile(TIniFile *file, QStringList items)
+{
+    m_errorMessage.clear();
+    m_operateItems = items;
+    m_calFile = file;
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::LoadFromFileInternal);
+}
+
+void CTdscdmaCore::SaveToFile(TIniFile *file, QStringList items)
+{
+    m_errorMessage.clear();
+    m_operateItems = items;
+    m_calFile = file;
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::SaveToFileInternal);
+}
+
+void CTdscdmaCore::EndMovementWithoutItems()
+{
+    ResetItemResults();
+    for (const QString &item : qAsConst(m_operateItems)) {
+        AddItemResult(item, ERROR_CODE_NOT_EXECUTED, QString());
+        emit Signal_FinishItemCount(m_itemResults.size(), m_itemResults.last());
+    }
+}
+
+void CTdscdmaCore::UploadFromFlashInternal()
+{
+    EndMovementWithoutItems();
+    emit Signal_UploadFromFlashDone(m_isAllSuccess, m_itemResults);
+}
+
+void CTdscdmaCore::DownloadToFlashInternal()
+{
+    EndMovementWithoutItems();
+    emit Signal_DownloadToFlashDone(m_isAllSuccess, m_itemResults);
+}
+
+void CTdscdmaCore::LoadFromFileInternal()
+{
+    EndMovementWithoutItems();
+    emit Signal_LoadFromFileDone(m_isAllSuccess, m_itemResults);
+}
+
+void CTdscdmaCore::SaveToFileInternal()
+{
+    EndMovementWithoutItems();
+    emit Signal_SaveToFileDone(m_isAllSuccess, m_itemResults);
+}

@@ -1,0 +1,19 @@
+#include "TdscdmaPathlossDockWidget.h"
+
+#include <QCoreApplication>
+
+#include "TdscdmaRadbenchCore.h"
+
+CTdscdmaPathlossDockWidget::CTdscdmaPathlossDockWidget(QWidget *parent)
+    : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))
+{
+    setObjectName("CTdscdmaPathlossDockWidget");
+    setWindowTitle(QCoreApplication::translate("CTdscdmaPathlossDockWidget", "PathLoss"));
+}
+
+void CTdscdmaPathlossDockWidget::RequestDataModel()
+{
+    connect(m_viewController, &CTdscdmaRadbenchCore::Signal_GetPathlossDataModelDone, this,
+            &CTdscdmaPathlossDockWidget::Slot_GetDataModelDone);
+    m_viewController->GetPathlossDataModel();
+}

@@ -1,0 +1,171 @@
+#include "TdscdmaRadbenchForm.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QHideEvent>
+#include <QShowEvent>
+
+#include "Afc/TdscdmaAfcDockWidget.h"
+#include "BBReg/TdscdmaBBRegDockWidget.h"
+#include "ErrorCodeInfo.h"
+#include "MessageBoxMan.h"
+#include "Rx/TdscdmaContRxDockWidget.h"
+#include "Rx/TdscdmaPathlossDockWidget.h"
+#include "Rx/TdscdmaRssiDockWidget.h"
+#include "Tadc/TdscdmaTadcDockWidget.h"
+#include "Tx/TdscdmaContTxDockWidget.h"
+#include "Tx/TdscdmaDpchTxDockWidget.h"
+#include "Tx/TdscdmaTpcDockWidget.h"
+#include "Tx/TdscdmaTpcDockWidgetV3.h"
+#include "ui_TdscdmaRadbenchForm.h"
+
+namespace {
+
+const char *const kTitle = "TDSCDMA Radbench";
+
+// The form builds pages from the class names of the page list, so each page
+// class is known to the meta-type system under its name followed by "*".
+template <typename Page>
+void RegisterPage(const char *pointerName)
+{
+    qRegisterMetaType<Page *>(pointerName);
+}
+
+} // namespace
+
+CTdscdmaRadbenchForm::CTdscdmaRadbenchForm(QWidget *parent)
+    : CAutoBindingDataModelForm(parent), m_ui(new Ui::CTdscdmaRadbenchForm)
+{
+    m_ui->setupUi(this);
+    m_isInit = false;
+    // Dock widgets alone fill the window.
+    delete takeCentralWidget();
+
+    RegisterOperationMetaTypes();
+
+    RegisterPage<CTdscdmaContTxDockWidget>("CTdscdmaContTxDockWidget*");
+    RegisterPage<CTdscdmaTpcDockWidget>("CTdscdmaTpcDockWidget*");
+    RegisterPage<CTdscdmaPathlossDockWidget>("CTdscdmaPathlossDockWidget*");
+    RegisterPage<CTdscdmaTpcDockWidgetV3>("CTdscdmaTpcDockWidgetV3*");
+    RegisterPage<CTdscdmaTadcDockWidget>("CTdscdmaTadcDockWidget*");
+    RegisterPage<CTdscdmaContRxDockWidget>("CTdscdmaContRxDockWidget*");
+    RegisterPage<CTdscdmaAfcDockWidget>("CTdscdmaAfcDockWidget*");
+    RegisterPage<CTdscdmaDpchTxDockWidget>("CTdscdmaDpchTxDockWidget*");
+    RegisterPage<CTdscdmaRssiDockWidget>("CTdscdmaRssiDockWidget*");
+    RegisterPage<CTdscdmaBBRegDockWidget>("CTdscdmaBBRegDockWidget*");
+}
+
+CTdscdmaRadbenchForm::~CTdscdmaRadbenchForm() { delete m_ui; }
+
+// ---- What the target allows ----------------------------------------------------
+
+bool CTdscdmaRadbenchForm::CheckSupport(QString &reason)
+{
+    const SRatSupportStatus status = m_viewController.GetRatSupportStatus();
+    if (status.status == SRatSupportStatus::SUPPORTED) {
+        reason.clear();
+        return true;
+    }
+    reason = status.reason;
+    return false;
+}
+
+bool CTdscdmaRadbenchForm::IsNeedDb() { return m_viewController.IsNeedDb(); }
+
+void CTdscdmaRadbenchForm::ResetForm()
+{
+    m_viewController.ResetCapability();
+    RemoveAllPages();
+    m_isInit = false;
+}
+
+// ---- Arming on show --------------------------------------------------------------
+
+void CTdscdmaRadbenchForm::showEvent(QShowEvent *event)
+{
+    CAutoBindingDataModelForm::showEvent(event);
+    emit Signal_PluginIsActivated(true);
+    setEnabled(false);
+    Slot_UpdateStatusbar("Please to wait the init Ubin flow...");
+    connect(&m_viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
+            &CTdscdmaRadbenchForm::Slot_InitUbinDone);
+    m_viewController.SetUbin(true);
+}
+
+void CTdscdmaRadbenchForm::Slot_InitUbinDone(SEachItemOperationResult result)
+{
+    disconnect(&m_viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
+               &CTdscdmaRadbenchForm::Slot_InitUbinDone);
+    setEnabled(true);
+
+    if (result.errorCode != ERROR_CODE_SUCCESS) {
+        Slot_UpdateStatusbar("Init failed.");
+        CMessageBoxMan box;
+        box.ShowMessage(CMessageBoxMan::KIND_ERROR, kTitle, GetErrorCodeInfo(result.errorCode).message,
+                        ResultInformativeText(result), QString(), -1);
+        return;
+    }
+
+    Slot_UpdateStatusbar("Init Ubin and reset status successfully.");
+    if (m_isInit)
+        return;
+
+    setEnabled(false);
+    Slot_UpdateStatusbar("Please to wait the init flow of pages...");
+    connect(&m_viewController, &CTdscdmaRadbenchCore::Signal_GetInitPageListDone, this,
+            &CTdscdmaRadbenchForm::Slot_GetInitPageListDone);
+    m_viewController.GetInitPageList();
+    m_isInit = true;
+}
+
+void CTdscdmaRadbenchForm::Slot_GetInitPageListDone(QStringList pageList)
+{
+    disconnect(&m_viewController, &CTdscdmaRadbenchCore::Signal_GetInitPageListDone, this,
+               &CTdscdmaRadbenchForm::Slot_GetInitPageListDone);
+    InitPage(pageList);
+}
+
+// ---- Releasing on close ------------------------------------------------------------
+
+void CTdscdmaRadbenchForm::closeEvent(QCloseEvent *event)
+{
+    QCloseEvent standIn;
+    if (!event)
+        event = &standIn;
+
+    CAutoBindingDataModelForm::closeEvent(event);
+    setEnabled(false);
+
+    QEventLoop loop;
+    connect(&m_viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
+            &CTdscdmaRadbenchForm::Slot_DeInitSetUbinDone);
+    connect(&m_viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, &loop, &QEventLoop::quit);
+    Slot_UpdateStatusbar("Please to wait the deinit Ubin flow...");
+    m_viewController.SetUbin(false);
+    loop.exec();
+
+    event->accept();
+    setEnabled(true);
+}
+
+void CTdscdmaRadbenchForm::Slot_DeInitSetUbinDone(SEachItemOperationResult result)
+{
+    disconnect(&m_viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
+               &CTdscdmaRadbenchForm::Slot_DeInitSetUbinDone);
+    if (result.errorCode != ERROR_CODE_SUCCESS) {
+        Slot_UpdateStatusbar("Deinit Ubin failed.");
+        CMessageBoxMan box;
+        box.ShowMessage(CMessageBoxMan::KIND_ERROR, kTitle, "Deinit Ubin flow failed",
+                        "Please check the SW stability and connection status.", QString(), -1);
+        return;
+    }
+    Slot_UpdateStatusbar("Deinit Ubin flow successfuly.");
+}
+
+void CTdscdmaRadbenchForm::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    emit Signal_PluginIsActivated(false);
+}
+
+void CTdscdmaRadbenchForm::Slot_UpdateStatusbar(QString str) { m_ui->statusbar->showMessage(str); }

@@ -1,0 +1,19 @@
+#include "TdscdmaTpcDockWidgetV3.h"
+
+#include <QCoreApplication>
+
+#include "TdscdmaRadbenchCore.h"
+
+CTdscdmaTpcDockWidgetV3::CTdscdmaTpcDockWidgetV3(QWidget *parent)
+    : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))
+{
+    setObjectName("CTdscdmaTpcDockWidgetV3");
+    setWindowTitle(QCoreApplication::translate("CTdscdmaTpcDockWidgetV3", "TPC Profile"));
+}
+
+void CTdscdmaTpcDockWidgetV3::RequestDataModel()
+{
+    connect(m_viewController, &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone, this,
+            &CTdscdmaTpcDockWidgetV3::Slot_GetDataModelDone);
+    m_viewController->GetTpcDataModel();
+}

@@ -1,0 +1,44 @@
+#include "ModalBoxCatcher.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+
+ModalBoxCatcher::ModalBoxCatcher(QObject *parent) : QObject(parent)
+{
+    connect(&m_timer, &QTimer::timeout, this, &ModalBoxCatcher::Poll);
+    m_timer.start(10);
+}
+
+void ModalBoxCatcher::Poll()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (!box || !box->isVisible())
+        return;
+    Box seen;
+    seen.title = box->windowTitle();
+    seen.text = box->text();
+    seen.informativeText = box->informativeText();
+    seen.detailedText = box->detailedText();
+    seen.icon = box->icon();
+    seen.buttons = box->standardButtons();
+    seen.width = box->width();
+    m_boxes.append(seen);
+
+    if (QAbstractButton *button = box->escapeButton())
+        button->click();
+    else if (!box->buttons().isEmpty())
+        box->buttons().first()->click();
+    else
+        box->done(0);
+}
+
+bool ModalBoxCatcher::WaitFor(int count, int timeoutMs)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (m_boxes.size() < count && clock.elapsed() < timeoutMs)
+        QTest::qWait(10);
+    return m_boxes.size() >= count;
+}
