@@ -33,40 +33,56 @@ TAVO_API QStringList BuiltInProfiles();
  * resets the target to it (see Reset). On failure the current profile stays
  * and *error (if given) says why. */
 TAVO_API bool LoadProfile(const QString &nameOrPath, QString *error = nullptr);
-/* Same, from an already parsed profile object. */
+/* Same, from an already parsed profile object (named "custom" when it has
+ * no "name"). */
 TAVO_API bool LoadProfileObject(const QJsonObject &profile, QString *error = nullptr);
+/* Lays `patch` over the current profile and loads the result like
+ * LoadProfileObject: nested objects merge key by key, any other value
+ * replaces the old one. Handy to change one switch of a built-in profile:
+ *   PatchProfile({{"multiRat", QJsonObject{{"afcByL1", true}}}});
+ * To drop a section, edit CurrentProfile() and load it instead. */
+TAVO_API bool PatchProfile(const QJsonObject &patch, QString *error = nullptr);
 /* The name of the current profile (its "name" key, else the built-in name or
  * the file's base name). */
 TAVO_API QString CurrentProfileName();
 TAVO_API QJsonObject CurrentProfile();
 
-/* Back to the state the current profile describes: no faults, no latencies,
- * empty call log, target state as after power-on, database unloaded. */
+/* Back to the state the current profile describes: only the profile's own
+ * faults armed, no latencies, empty call log, the library's own result texts,
+ * target state as after power-on, database unloaded. */
 TAVO_API void Reset();
 
 /* ---- Faults and latency --------------------------------------------------- */
 
 /* Makes `call` give `result` instead of doing its work. The first `skip`
  * calls after this one pass normally; then `count` calls fail (-1: all).
- * Several faults on one call apply in the order they were added. */
+ * Several faults on one call apply in the order they were added. Any name is
+ * taken, also of calls the library does not have yet. A call that fails on
+ * its handle or arguments never reaches the target and uses up no fault. */
 TAVO_API void InjectFault(const QString &call, TAVO_RESULT result, int count = -1, int skip = 0);
 /* Shorthands. */
 TAVO_API void FailAlways(const QString &call, TAVO_RESULT result = TAVO_ERR_FAILED);
 TAVO_API void FailOnce(const QString &call, TAVO_RESULT result = TAVO_ERR_FAILED);
 TAVO_API void ClearFaults();
 
-/* Delays every later `call` by `ms` before it answers; "*" delays all calls. */
+/* Delays every later `call` by `ms` before it answers; "*" delays all calls
+ * that have none of their own; 0 removes the delay. A delay longer than the
+ * call's time-out ends at the time-out with TAVO_ERR_TIMEOUT. Text calls are
+ * never delayed. */
 TAVO_API void SetLatency(const QString &call, int ms);
 
 /* Replaces the text that TAVO_GetResultText gives for `result` (may be empty);
- * a null QString restores the library's own text. */
+ * a null QString restores the library's own text. Every text the library has
+ * given out stays valid as long as the library is loaded. */
 TAVO_API void SetResultText(TAVO_RESULT result, const QString &text);
 
 /* ---- Call log --------------------------------------------------------------- */
 
+/* The latest calls (up to 100000), also text and query calls. */
 TAVO_API QVector<CallRecord> CallLog();
 /* The names of the logged calls, in order; handy for compact assertions. */
 TAVO_API QStringList CallNames();
+/* How often `call` was made since the last ClearCallLog (or Reset). */
 TAVO_API int CallCount(const QString &call);
 TAVO_API void ClearCallLog();
 

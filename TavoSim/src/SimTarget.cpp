@@ -1,0 +1,164 @@
+#include "SimTarget.h"
+
+#include <QtGlobal>
+
+#include "CommandCatalog.h"
+
+namespace TavoSim {
+
+SimTarget &SimTarget::instance()
+{
+    static SimTarget target;
+    return target;
+}
+
+SimTarget::SimTarget()
+{
+    QString error;
+    if (std::optional<TargetProfile> profile = TargetProfile::load(QStringLiteral("default"), &error))
+        m_profile = *profile;
+    else
+        qWarning("TavoSim: the built-in default profile does not load: %s", qPrintable(error));
+    resetLocked();
+}
+
+TAVO_RESULT SimTarget::execute(const QString &call, const Work &work)
+{
+    QMutexLocker lock(&m_mutex);
+    if (const std::optional<TAVO_RESULT> fault = m_faults.take(call))
+        return *fault;
+    if (CommandCatalog::contains(call) && !m_profile.offers(call))
+        return TAVO_ERR_NOT_SUPPORTED;
+    return work(m_profile, m_state);
+}
+
+void SimTarget::useProfile(const TargetProfile &profile)
+{
+    QMutexLocker lock(&m_mutex);
+    m_profile = profile;
+    resetLocked();
+}
+
+TargetProfile SimTarget::profile() const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_profile;
+}
+
+void SimTarget::reset()
+{
+    QMutexLocker lock(&m_mutex);
+    resetLocked();
+}
+
+void SimTarget::resetLocked()
+{
+    m_state = TargetState();
+    m_faults.clear();
+    for (const FaultSpec &fault : qAsConst(m_profile.faults))
+        m_faults.arm(fault);
+    m_latencies.clear();
+    m_log.clear();
+    m_textOverrides.clear();
+}
+
+void SimTarget::armFault(const FaultSpec &fault)
+{
+    QMutexLocker lock(&m_mutex);
+    m_faults.arm(fault);
+}
+
+void SimTarget::clearFaults()
+{
+    QMutexLocker lock(&m_mutex);
+    m_faults.clear();
+}
+
+void SimTarget::setLatency(const QString &call, int ms)
+{
+    QMutexLocker lock(&m_mutex);
+    if (ms > 0)
+        m_latencies.insert(call, ms);
+    else
+        m_latencies.remove(call);
+}
+
+int SimTarget::latency(const QString &call) const
+{
+    QMutexLocker lock(&m_mutex);
+    const auto own = m_latencies.constFind(call);
+    if (own != m_latencies.constEnd())
+        return *own;
+    return m_latencies.value(QStringLiteral("*"));
+}
+
+void SimTarget::setResultText(TAVO_RESULT result, const QString &text)
+{
+    QMutexLocker lock(&m_mutex);
+    if (text.isNull())
+        m_textOverrides.erase(result);
+    else
+        m_textOverrides[result] = internLocked(text.toUtf8());
+}
+
+const char *SimTarget::resultTextOverride(TAVO_RESULT result) const
+{
+    QMutexLocker lock(&m_mutex);
+    const auto it = m_textOverrides.find(result);
+    return it == m_textOverrides.end() ? nullptr : it->second;
+}
+
+const char *SimTarget::intern(const QByteArray &text)
+{
+    QMutexLocker lock(&m_mutex);
+    return internLocked(text);
+}
+
+const char *SimTarget::internLocked(const QByteArray &text)
+{
+    return m_texts.insert(text).first->constData();
+}
+
+CallHistory::Ticket SimTarget::logCall(const CallRecord &record)
+{
+    QMutexLocker lock(&m_mutex);
+    return m_log.append(record);
+}
+
+void SimTarget::logResult(CallHistory::Ticket ticket, TAVO_RESULT result)
+{
+    QMutexLocker lock(&m_mutex);
+    m_log.setResult(ticket, result);
+}
+
+QVector<CallRecord> SimTarget::callLog() const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_log.records();
+}
+
+int SimTarget::callCount(const QString &call) const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_log.count(call);
+}
+
+void SimTarget::clearCallLog()
+{
+    QMutexLocker lock(&m_mutex);
+    m_log.clear();
+}
+
+TargetState SimTarget::state() const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_state;
+}
+
+void SimTarget::setDatabaseLoaded(bool loaded)
+{
+    QMutexLocker lock(&m_mutex);
+    m_state.databaseLoaded = loaded;
+}
+
+} // namespace TavoSim

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QHash>
+#include <QMutex>
+
+#include <functional>
+#include <map>
+#include <set>
+
+#include "CallHistory.h"
+#include "FaultTable.h"
+#include "TargetProfile.h"
+#include "TargetState.h"
+
+namespace TavoSim {
+
+/*
+ * The simulated target: its profile, its state, the armed faults, the
+ * latencies and the call log, all behind one mutex. Every member function
+ * locks for itself and may be called from any thread. Nothing sleeps while
+ * holding the lock: latencies are served by TargetCall before it comes here.
+ */
+class SimTarget
+{
+public:
+    static SimTarget &instance();
+
+    /* The work of a call, done under the lock. */
+    using Work = std::function<TAVO_RESULT(const TargetProfile &, TargetState &)>;
+
+    /* Runs a call that has reached the target: a fault that fires answers
+     * instead, a catalogued command the profile does not offer answers
+     * TAVO_ERR_NOT_SUPPORTED, anything else does its work. */
+    TAVO_RESULT execute(const QString &call, const Work &work);
+
+    /* ---- Profile ---- */
+    /* Makes `profile` the current one and resets the target to it. */
+    void useProfile(const TargetProfile &profile);
+    TargetProfile profile() const;
+    void reset();
+
+    /* ---- Faults and latency ---- */
+    void armFault(const FaultSpec &fault);
+    void clearFaults();
+    void setLatency(const QString &call, int ms);
+    /* The latency of `call`: its own, else the one of "*", else 0. */
+    int latency(const QString &call) const;
+
+    /* ---- Texts ---- */
+    void setResultText(TAVO_RESULT result, const QString &text);
+    /* The override of the text of `result`, or null. */
+    const char *resultTextOverride(TAVO_RESULT result) const;
+    /* A pointer to a copy of `text` that stays valid as long as the library
+     * is loaded; equal texts share one copy. */
+    const char *intern(const QByteArray &text);
+
+    /* ---- Call log ---- */
+    CallHistory::Ticket logCall(const CallRecord &record);
+    void logResult(CallHistory::Ticket ticket, TAVO_RESULT result);
+    QVector<CallRecord> callLog() const;
+    int callCount(const QString &call) const;
+    void clearCallLog();
+
+    /* ---- State ---- */
+    TargetState state() const;
+    void setDatabaseLoaded(bool loaded);
+
+private:
+    SimTarget();
+    void resetLocked();
+    const char *internLocked(const QByteArray &text);
+
+    mutable QMutex m_mutex;
+    TargetProfile m_profile;
+    TargetState m_state;
+    FaultTable m_faults;
+    QHash<QString, int> m_latencies;
+    CallHistory m_log;
+    std::map<TAVO_RESULT, const char *> m_textOverrides;
+    std::set<QByteArray> m_texts; /* nodes never move: their data stays put */
+};
+
+} // namespace TavoSim

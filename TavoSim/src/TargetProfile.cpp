@@ -1,0 +1,359 @@
+#include "TargetProfile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QtEndian>
+
+#include <limits>
+
+#include "CommandCatalog.h"
+#include "ProfileReader.h"
+
+namespace TavoSim {
+
+namespace {
+
+/* Largest value a capability word can carry above its two flag bits. */
+constexpr qint64 kWordValueMax = 0x3fffffff;
+constexpr qint64 kU16Max = 0xffff;
+constexpr qint64 kU32Max = 0xffffffffLL;
+constexpr qint64 kIntMax = std::numeric_limits<int>::max();
+
+/* Common form of a capability word: bit 0 valid, the value from bit 2 up. */
+quint32 capabilityWord(std::optional<qint64> value)
+{
+    return value ? (quint32(*value) << 2) | 1u : 0u;
+}
+
+quint32 bit(bool set, int index) { return set ? 1u << index : 0u; }
+
+template <typename T>
+void put(QByteArray &record, int offset, T value)
+{
+    char bytes[sizeof(T)];
+    qToLittleEndian<T>(value, bytes);
+    record.replace(offset, int(sizeof(T)), bytes, int(sizeof(T)));
+}
+
+void put32(QByteArray &record, int offset, quint32 value) { put<quint32>(record, offset, value); }
+void put16(QByteArray &record, int offset, quint16 value) { put<quint16>(record, offset, value); }
+
+/* A list of names turned into a mask by a table of (name, bits). */
+struct NamedBits
+{
+    const char *name;
+    quint32 bits;
+};
+
+template <size_t N>
+std::optional<quint32> readMask(ProfileReader &reader, const char *key, const NamedBits (&table)[N],
+                                const char *what)
+{
+    const std::optional<QStringList> names = reader.strings(key);
+    if (!names)
+        return std::nullopt;
+    quint32 mask = 0;
+    for (int i = 0; i < names->size(); ++i) {
+        bool known = false;
+        for (const NamedBits &entry : table) {
+            if (names->at(i) == QLatin1String(entry.name)) {
+                mask |= entry.bits;
+                known = true;
+            }
+        }
+        if (!known) {
+            QStringList expected;
+            for (const NamedBits &entry : table)
+                expected << QLatin1String(entry.name);
+            reader.fail(QStringLiteral("%1[%2]").arg(QLatin1String(key)).arg(i),
+                        QStringLiteral("unknown %1 \"%2\" (expected one of %3)")
+                            .arg(QLatin1String(what), names->at(i), expected.join(QStringLiteral(", "))));
+            return std::nullopt;
+        }
+    }
+    return mask;
+}
+
+/* Bits of the RATs in a world-mode or self-cal mask. */
+const NamedBits kRats[] = {
+    {"gsm", 1u << 0},    {"tdscdma", 1u << 1}, {"c2k", 1u << 2},          {"fdd", 1u << 3},
+    {"ltefdd", 1u << 4}, {"ltetdd", 1u << 5},  {"lte", 1u << 4 | 1u << 5},
+};
+
+/* Bits of the TD-SCDMA bands in bandFlags. */
+const NamedBits kBands[] = {
+    {"a", 1u << 0}, {"b", 1u << 1}, {"c", 1u << 2}, {"d", 1u << 3}, {"f", 1u << 4}, {"e", 1u << 5},
+};
+
+void readModem(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> modem = top.object("modem");
+    if (!modem)
+        return;
+    modem->allowKeys({"activeIndex", "service"});
+    p.activeModemIndex = int(modem->integer("activeIndex", 0, 255).value_or(0));
+    if (modem->isAbsent("service"))
+        return;
+    const QJsonValue service = modem->value("service");
+    static const struct
+    {
+        const char *name;
+        int kind;
+    } kinds[] = {{"none", TAVO_MD_SRV_NONE},
+                 {"3gpp", TAVO_MD_SRV_3GPP},
+                 {"irat", TAVO_MD_SRV_IRAT},
+                 {"c2k", TAVO_MD_SRV_C2K}};
+    if (service.isDouble()) {
+        p.modemService = int(modem->integer("service", 0, kIntMax).value_or(TAVO_MD_SRV_3GPP));
+        return;
+    }
+    for (const auto &kind : kinds) {
+        if (service.toString() == QLatin1String(kind.name)) {
+            p.modemService = kind.kind;
+            return;
+        }
+    }
+    modem->fail(QStringLiteral("service"),
+                QStringLiteral("expected one of \"none\", \"3gpp\", \"irat\", \"c2k\" or a number"));
+}
+
+void readOptionInfo(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> option = top.object("optionInfo");
+    if (!option)
+        return;
+    option->allowKeys({"tdscdmaCapability"});
+    p.hasOptionInfo = true;
+    p.optionWord = option->boolean("tdscdmaCapability") ? TAVO_OPTION_TDSCDMA_CAPABILITY : 0u;
+}
+
+void readChipId(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> chip = top.object("chipId");
+    if (!chip)
+        return;
+    chip->allowKeys({"chip", "rf"});
+    p.hasChipId = true;
+    p.chipId = quint16(chip->integer("chip", 0, kU16Max).value_or(0));
+    p.rfChipId = quint16(chip->integer("rf", 0, kU16Max).value_or(0));
+}
+
+void readRfCapability(ProfileReader &tdscdma, TargetProfile &p)
+{
+    std::optional<ProfileReader> rf = tdscdma.object("rfCapability");
+    if (!rf)
+        return;
+    rf->allowKeys({"txClpcMode", "ubin", "nvramVersion"});
+    p.hasRfCapability = true;
+    p.capabilityFlags |= 1u << 4;
+    p.hasUbin = rf->boolean("ubin");
+    put32(p.rfCapabilityRecord, 24, capabilityWord(rf->integer("txClpcMode", 0, kWordValueMax)));
+    put32(p.rfCapabilityRecord, 36, bit(p.hasUbin, 0));
+    put32(p.rfCapabilityRecord, 40, capabilityWord(rf->integer("nvramVersion", 0, kWordValueMax)));
+}
+
+void readTdscdma(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> td = top.object("tdscdma");
+    if (!td)
+        return;
+    td->allowKeys({"agcEx", "apcEx", "tadcByCalCommand", "dspPowerInQ3", "rxExtendMode", "pathlossV3", "bands",
+                   "rfCapability"});
+    p.hasTdscdma = true;
+    p.hasAgcEx = td->boolean("agcEx");
+    p.hasApcEx = td->boolean("apcEx");
+    p.capabilityFlags |= bit(td->boolean("tadcByCalCommand"), 3) | bit(td->boolean("dspPowerInQ3"), 6) |
+                         bit(td->boolean("rxExtendMode"), 8) | bit(td->boolean("pathlossV3"), 9);
+    p.bandFlags = readMask(*td, "bands", kBands, "band").value_or(0);
+    readRfCapability(*td, p);
+}
+
+void readMultiRat(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> mr = top.object("multiRat");
+    if (!mr)
+        return;
+    mr->allowKeys({"worldMode", "selfCal", "selfCalV2", "tadcByL1", "rficCount", "afcByL1", "afcVersion", "dcxoLpm",
+                   "gpsCoClockByL1", "gpsCoClockVersion", "mmrfSelfCal"});
+    p.hasMultiRat = true;
+    QByteArray &r = p.multiRatRecord;
+
+    const std::optional<quint32> selfCal = readMask(*mr, "selfCal", kRats, "RAT");
+    if (mr->boolean("selfCalV2"))
+        put32(r, 24, 1u | selfCal.value_or(0) << 2);
+    else
+        put32(r, 20, capabilityWord(selfCal));
+    put32(r, 44, capabilityWord(readMask(*mr, "worldMode", kRats, "RAT")));
+    put32(r, 52, bit(mr->boolean("tadcByL1"), 0) | quint32(mr->integer("rficCount", 0, 255).value_or(0)) << 2);
+    put32(r, 68, bit(mr->boolean("afcByL1"), 0) | quint32(mr->integer("afcVersion", 0, 255).value_or(0)) << 2);
+    put32(r, 100, bit(mr->boolean("dcxoLpm"), 0));
+    put32(r, 108, bit(mr->boolean("gpsCoClockByL1"), 0));
+    put32(r, 112, capabilityWord(mr->integer("gpsCoClockVersion", 0, kWordValueMax)));
+    put32(r, 124, bit(mr->boolean("mmrfSelfCal"), 0));
+}
+
+void readGsm(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> gsm = top.object("gsm");
+    if (!gsm)
+        return;
+    gsm->allowKeys({"worldMode", "ex2", "rfId"});
+
+    /* Absent: no Ex3 command. Null: Ex3 answers an invalid world mode. */
+    p.hasGsmEx3 = gsm->contains("worldMode");
+    put16(p.gsmEx3Record, 72, quint16(capabilityWord(readMask(*gsm, "worldMode", kRats, "RAT"))));
+
+    if (std::optional<ProfileReader> ex2 = gsm->object("ex2")) {
+        ex2->allowKeys({"tadcMeasureSum", "tadcSingleRead"});
+        p.hasGsmEx2 = true;
+        put32(p.gsmEx2Record, 0, bit(ex2->boolean("tadcMeasureSum"), 14) | bit(ex2->boolean("tadcSingleRead"), 15));
+    }
+
+    const std::optional<qint64> rfId = gsm->integer("rfId", 0, kU32Max);
+    p.hasGsmRfId = rfId.has_value();
+    p.gsmRfId = quint32(rfId.value_or(0));
+}
+
+void readLte(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> lte = top.object("lte");
+    if (!lte)
+        return;
+    lte->allowKeys({"rfId", "gpsCoClockByErf"});
+    p.hasLte = true;
+    put32(p.lteRecord, 8, quint32(lte->integer("rfId", 0, kU32Max).value_or(0)));
+    put32(p.lteRecord, 112, bit(lte->boolean("gpsCoClockByErf"), 0));
+}
+
+void readFdd(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> fdd = top.object("fdd");
+    if (!fdd)
+        return;
+    fdd->allowKeys({"rfId"});
+    const std::optional<qint64> rfId = fdd->integer("rfId", 0, kU32Max);
+    p.hasFddRfId = rfId.has_value();
+    p.fddRfId = quint32(rfId.value_or(0));
+}
+
+/* Names of "commands.offered"/"withheld": what the two support queries take. */
+QStringList readCommandNames(ProfileReader &commands, const char *key)
+{
+    const QStringList names = commands.strings(key).value_or(QStringList());
+    for (int i = 0; i < names.size(); ++i) {
+        if (!names[i].startsWith(QLatin1String("TAVO_")) && !names[i].startsWith(QLatin1String("AST_"))) {
+            commands.fail(QStringLiteral("%1[%2]").arg(QLatin1String(key)).arg(i),
+                          QStringLiteral("\"%1\" is not a command name (TAVO_... or AST_...)").arg(names[i]));
+            return {};
+        }
+    }
+    return names;
+}
+
+void readFaults(ProfileReader &top, TargetProfile &p)
+{
+    for (ProfileReader &fault : top.objects("faults")) {
+        fault.allowKeys({"call", "result", "count", "skip"});
+        FaultSpec spec;
+        spec.call = fault.string("call");
+        if (spec.call.isEmpty())
+            fault.fail(QStringLiteral("call"), QStringLiteral("expected the name of a call"));
+        spec.result = TAVO_RESULT(fault.integer("result", std::numeric_limits<TAVO_RESULT>::min(),
+                                                std::numeric_limits<TAVO_RESULT>::max())
+                                      .value_or(TAVO_ERR_FAILED));
+        spec.count = int(fault.integer("count", -1, kIntMax).value_or(-1));
+        spec.skip = int(fault.integer("skip", 0, kIntMax).value_or(0));
+        p.faults << spec;
+    }
+}
+
+const char kBuiltInFolder[] = ":/TavoSim/profiles/";
+
+} // namespace
+
+QStringList TargetProfile::builtInNames()
+{
+    QStringList names;
+    const QDir folder{QLatin1String(kBuiltInFolder)};
+    for (const QFileInfo &file : folder.entryInfoList({QStringLiteral("*.json")}, QDir::Files))
+        names << file.completeBaseName();
+    names.sort();
+    return names;
+}
+
+std::optional<TargetProfile> TargetProfile::load(const QString &nameOrPath, QString *error)
+{
+    auto fail = [&](const QString &problem) {
+        if (error)
+            *error = nameOrPath + QStringLiteral(": ") + problem;
+        return std::nullopt;
+    };
+
+    QString path = nameOrPath;
+    QString fallbackName = QFileInfo(nameOrPath).completeBaseName();
+    if (builtInNames().contains(nameOrPath)) {
+        path = QLatin1String(kBuiltInFolder) + nameOrPath + QStringLiteral(".json");
+        fallbackName = nameOrPath;
+    }
+
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(QStringLiteral("neither a built-in profile nor a readable file (%1)").arg(file.errorString()));
+    QJsonParseError parse;
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parse);
+    if (parse.error != QJsonParseError::NoError)
+        return fail(QStringLiteral("not JSON: %1 at offset %2").arg(parse.errorString()).arg(parse.offset));
+    if (!document.isObject())
+        return fail(QStringLiteral("a profile must be a JSON object"));
+
+    QString problem;
+    std::optional<TargetProfile> profile = fromJson(document.object(), fallbackName, &problem);
+    if (!profile)
+        return fail(problem);
+    return profile;
+}
+
+std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, const QString &fallbackName,
+                                                     QString *error)
+{
+    ProfileReader top(json);
+    top.allowKeys({"name", "description", "modem", "optionInfo", "chipId", "tdscdma", "multiRat", "gsm", "lte", "fdd",
+                   "commands", "faults"});
+
+    TargetProfile p;
+    p.json = json;
+    p.name = top.string("name", fallbackName);
+    if (p.name.isEmpty())
+        top.fail(QStringLiteral("name"), QStringLiteral("must not be empty"));
+    p.description = top.string("description");
+
+    readModem(top, p);
+    readOptionInfo(top, p);
+    readChipId(top, p);
+    readTdscdma(top, p);
+    readMultiRat(top, p);
+    readGsm(top, p);
+    readLte(top, p);
+    readFdd(top, p);
+    readFaults(top, p);
+
+    p.offered = CommandCatalog::offeredBy(p);
+    if (std::optional<ProfileReader> commands = top.object("commands")) {
+        commands->allowKeys({"offered", "withheld"});
+        for (const QString &name : readCommandNames(*commands, "offered"))
+            p.offered.insert(name);
+        for (const QString &name : readCommandNames(*commands, "withheld"))
+            p.offered.remove(name);
+    }
+
+    if (!top.ok()) {
+        if (error)
+            *error = top.error();
+        return std::nullopt;
+    }
+    return p;
+}
+
+} // namespace TavoSim

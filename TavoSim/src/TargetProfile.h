@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+#include "FaultTable.h"
+#include "TavoCore.h"
+
+namespace TavoSim {
+
+/*
+ * A target as a profile describes it, turned into what the target answers:
+ * the raw words and records of its capability commands, and the set of
+ * commands it offers. Records are built whole even for sections the profile
+ * leaves out (all fields invalid then), so a command that an explicit
+ * "commands.offered" turns on still answers a well-formed record.
+ */
+class TargetProfile
+{
+public:
+    /* Reads a profile object. `fallbackName` names it when it has no "name".
+     * On a problem gives nullopt and says why in *error, naming the key. */
+    static std::optional<TargetProfile> fromJson(const QJsonObject &json, const QString &fallbackName,
+                                                 QString *error);
+
+    /* Names of the profiles built into the library, sorted. */
+    static QStringList builtInNames();
+    /* Reads a built-in profile by its name, else the JSON file at the path. */
+    static std::optional<TargetProfile> load(const QString &nameOrPath, QString *error);
+
+    /* Whether the target offers the command named. */
+    bool offers(const QString &command) const { return offered.contains(command); }
+
+    QString name;
+    QString description;
+    QJsonObject json; /* as loaded */
+
+    /* Connection */
+    int activeModemIndex = 0;
+    int modemService = TAVO_MD_SRV_3GPP;
+
+    /* Which sections the profile has; the catalog derives the offered commands from them. */
+    bool hasOptionInfo = false;
+    bool hasChipId = false;
+    bool hasTdscdma = false;
+    bool hasAgcEx = false;
+    bool hasApcEx = false;
+    bool hasRfCapability = false;
+    bool hasUbin = false;
+    bool hasMultiRat = false;
+    bool hasGsmEx3 = false;
+    bool hasGsmEx2 = false;
+    bool hasGsmRfId = false;
+    bool hasLte = false;
+    bool hasFddRfId = false;
+
+    /* Answers */
+    quint32 optionWord = 0;
+    quint16 chipId = 0;
+    quint16 rfChipId = 0;
+    quint32 capabilityFlags = 0;
+    quint32 bandFlags = 0;
+    QByteArray rfCapabilityRecord = QByteArray(int(AST_RF_CAPABILITY_SIZE), '\0');
+    QByteArray multiRatRecord = QByteArray(int(TAVO_MMRF_CAPABILITY_SIZE), '\0');
+    QByteArray lteRecord = QByteArray(int(TAVO_ERF_CAPABILITY_SIZE), '\0');
+    QByteArray gsmEx3Record = QByteArray(int(TAVO_MS_CAPABILITY_EX3_SIZE), '\0');
+    QByteArray gsmEx2Record = QByteArray(int(TAVO_MS_CAPABILITY_EX2_SIZE), '\0');
+    quint32 gsmRfId = 0;
+    quint32 fddRfId = 0;
+
+    /* Faults armed whenever the profile is loaded or the target reset. */
+    QVector<FaultSpec> faults;
+
+    /* The commands the two support queries answer 0 for. */
+    QSet<QString> offered;
+};
+
+} // namespace TavoSim
