@@ -5,9 +5,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <initializer_list>
-#include <utility>
-
 #include "TavoApp.h"
 #include "TavoCore.h"
 
@@ -33,14 +30,6 @@ inline quint16 u16At(const QByteArray &b, int offset)
 {
     const auto *p = reinterpret_cast<const uchar *>(b.constData()) + offset;
     return quint16(p[0] | p[1] << 8);
-}
-
-/* Whether every byte outside the fields {offset, width} is zero. */
-inline bool zeroBesides(QByteArray bytes, std::initializer_list<std::pair<int, int>> fields)
-{
-    for (const auto &field : fields)
-        bytes.replace(field.first, field.second, QByteArray(field.second, '\0'));
-    return bytes.count('\0') == bytes.size();
 }
 
 /* A valid capability word carrying `value`. */
