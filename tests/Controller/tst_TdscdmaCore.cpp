@@ -9,26 +9,10 @@ namespace {
 
 const QString kQueryAdvice = "Please check the SW load stability or connection status of the target and tool.";
 
-// Loads `profile` with each section of `patch` merged over the profile's own.
+// Loads `profile` with `patch` laid over it.
 bool LoadPatched(const QString &profile, const QJsonObject &patch)
 {
-    if (!TavoSim::LoadProfile(profile))
-        return false;
-    QJsonObject object = TavoSim::CurrentProfile();
-    for (auto it = patch.begin(); it != patch.end(); ++it) {
-        if (it.value().isObject() && object.value(it.key()).isObject()) {
-            QJsonObject section = object.value(it.key()).toObject();
-            const QJsonObject overlay = it.value().toObject();
-            for (auto field = overlay.begin(); field != overlay.end(); ++field)
-                section.insert(field.key(), field.value());
-            object.insert(it.key(), section);
-        } else if (it.value().isNull()) {
-            object.remove(it.key());
-        } else {
-            object.insert(it.key(), it.value());
-        }
-    }
-    return TavoSim::LoadProfileObject(object);
+    return TavoSim::LoadProfile(profile) && (patch.isEmpty() || TavoSim::PatchProfile(patch));
 }
 
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
