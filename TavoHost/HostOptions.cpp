@@ -1,0 +1,68 @@
+#include "HostOptions.h"
+
+CHostOptions::CHostOptions()
+    : m_pluginOption(QStringLiteral("plugin"),
+                     QStringLiteral("Load the tool plug-in at <path> instead of searching the "
+                                    "program's folder."),
+                     QStringLiteral("path")),
+      m_profileOption(QStringLiteral("profile"),
+                      QStringLiteral("Connect to the simulated target described by <profile>: "
+                                     "a built-in profile name or a JSON file (default: default)."),
+                      QStringLiteral("profile"), QStringLiteral("default")),
+      m_screenshotOption(QStringLiteral("screenshot"),
+                         QStringLiteral("Launch the tool, save a PNG of its window to <file> once "
+                                        "it is ready, and quit."),
+                         QStringLiteral("file")),
+      m_timeoutOption(QStringLiteral("timeout"),
+                      QStringLiteral("With --screenshot: give up when the tool is not ready after "
+                                     "<seconds> (default: 60)."),
+                      QStringLiteral("seconds"), QStringLiteral("60"))
+{
+    m_parser.setApplicationDescription(
+        QStringLiteral("Loads a Tavo tool plug-in and runs it against the simulated target."));
+    m_parser.addHelpOption();
+    m_parser.addOption(m_pluginOption);
+    m_parser.addOption(m_profileOption);
+    m_parser.addOption(m_screenshotOption);
+    m_parser.addOption(m_timeoutOption);
+}
+
+CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
+{
+    m_error.clear();
+    if (!m_parser.parse(arguments)) {
+        m_error = m_parser.errorText();
+        return Outcome::Error;
+    }
+    if (m_parser.isSet(QStringLiteral("help")) || m_parser.isSet(QStringLiteral("help-all")))
+        return Outcome::Help;
+    if (!m_parser.positionalArguments().isEmpty()) {
+        m_error = QStringLiteral("Unexpected argument: %1").arg(m_parser.positionalArguments().first());
+        return Outcome::Error;
+    }
+
+    pluginPath = m_parser.value(m_pluginOption);
+    profile = m_parser.value(m_profileOption);
+    screenshotFile = m_parser.value(m_screenshotOption);
+
+    bool ok = false;
+    const QString timeoutText = m_parser.value(m_timeoutOption);
+    timeoutSec = timeoutText.toInt(&ok);
+    if (!ok || timeoutSec <= 0) {
+        m_error = QStringLiteral("--timeout wants a positive number of seconds, not \"%1\"").arg(timeoutText);
+        return Outcome::Error;
+    }
+    if (profile.isEmpty()) {
+        m_error = QStringLiteral("--profile wants a profile name or file");
+        return Outcome::Error;
+    }
+    if (m_parser.isSet(m_pluginOption) && pluginPath.isEmpty()) {
+        m_error = QStringLiteral("--plugin wants a path");
+        return Outcome::Error;
+    }
+    if (m_parser.isSet(m_screenshotOption) && screenshotFile.isEmpty()) {
+        m_error = QStringLiteral("--screenshot wants a file name");
+        return Outcome::Error;
+    }
+    return Outcome::Run;
+}

@@ -1,0 +1,32 @@
+#pragma once
+/*
+ * The host's command line.
+ */
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+class CHostOptions {
+public:
+    enum class Outcome { Run, Help, Error };
+
+    CHostOptions();
+
+    /* arguments[0] is the program name, as in QCoreApplication::arguments(). */
+    Outcome Parse(const QStringList &arguments);
+    QString ErrorText() const { return m_error; }
+    QString HelpText() const { return m_parser.helpText(); }
+
+    QString pluginPath;     /* empty: search the executable's folder */
+    QString profile = QStringLiteral("default");
+    QString screenshotFile; /* empty: interactive */
+    int timeoutSec = 60;
+
+private:
+    QCommandLineParser m_parser;
+    QCommandLineOption m_pluginOption;
+    QCommandLineOption m_profileOption;
+    QCommandLineOption m_screenshotOption;
+    QCommandLineOption m_timeoutOption;
+    QString m_error;
+};

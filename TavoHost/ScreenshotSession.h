@@ -1,0 +1,38 @@
+#pragma once
+/*
+ * --screenshot: launches the tool, waits until its window is ready, saves a
+ * PNG of it and reports how it went through Signal_Finished.
+ */
+#include <QObject>
+#include <QPointer>
+
+class QWidget;
+class CPluginHost;
+class CToolReadiness;
+
+class CScreenshotSession : public QObject {
+    Q_OBJECT
+public:
+    /* Exit codes of the host process in screenshot mode. */
+    enum ExitCode { Saved = 0, Failed = 1, NotReady = 2, Unsupported = 3 };
+
+    CScreenshotSession(CPluginHost *host, const QString &file, int timeoutMs, QObject *parent = nullptr);
+
+    void SetIgnoredWindow(QWidget *window) { m_ignored = window; }
+    /* Launches the tool. Signal_Finished follows, once, from the event loop. */
+    void Start();
+
+signals:
+    /* `message` is the line to print: to stdout when saved, else to stderr. */
+    void Signal_Finished(int exitCode, const QString &message);
+
+private:
+    void Finish(int exitCode, const QString &message);
+    void Save(QWidget *toolWindow);
+
+    CPluginHost *m_host;
+    QString m_file;
+    int m_timeoutMs;
+    QPointer<QWidget> m_ignored;
+    CToolReadiness *m_readiness = nullptr;
+};
