@@ -14,6 +14,14 @@
 
 CAutoBindingDataModelForm::CAutoBindingDataModelForm(QWidget *parent) : QMainWindow(parent) {}
 
+CAutoBindingDataModelForm::~CAutoBindingDataModelForm()
+{
+    // Qt deletes the pages after this part of the form is gone, and hides
+    // them on the way: nothing they signal may reach the form any more.
+    for (QDockWidget *dock : findChildren<QDockWidget *>())
+        dock->disconnect(this);
+}
+
 QList<CAutoBindingDataModelDockWidget *> CAutoBindingDataModelForm::Pages() const
 {
     return findChildren<CAutoBindingDataModelDockWidget *>();

@@ -16,6 +16,7 @@ class CAutoBindingDataModelForm : public QMainWindow {
     Q_OBJECT
 public:
     explicit CAutoBindingDataModelForm(QWidget *parent = nullptr);
+    ~CAutoBindingDataModelForm() override;
 
     virtual bool CheckSupport(QString &reason) = 0;
     virtual bool IsNeedDb() = 0;
