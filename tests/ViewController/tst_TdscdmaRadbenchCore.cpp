@@ -96,7 +96,7 @@ void TestTdscdmaRadbenchCore::resultsArriveOnTheUserInterfaceThread()
     // The call returned at once: the target has not been asked to reset yet.
     QCOMPARE(deliveredOn, nullptr);
     QTRY_VERIFY(deliveredOn != nullptr);
-    QCOMPARE(deliveredOn, qApp->thread());
+    QCOMPARE(deliveredOn, QCoreApplication::instance()->thread());
 }
 
 void TestTdscdmaRadbenchCore::eachViewControllerHearsOnlyItsOwnRun()
