@@ -2,6 +2,7 @@
 #include <QJsonArray>
 #include <QLibrary>
 #include <QPluginLoader>
+#include <QTabBar>
 #include <QtTest>
 
 #include "SimScope.h"
@@ -29,12 +30,15 @@ private slots:
     void initTestCase();
     void cleanupTestCase();
     void init() { m_plugin->ResetPlugin(); }
+    void cleanup() { m_plugin->HideTool(); }
 
     void metadataDescribesTheTool();
     void oneInstancePerProcess();
     void castsToItsInterfaces();
     void launchRequirement_data();
     void launchRequirement();
+    void pagesOfEachSupportedTarget_data();
+    void pagesOfEachSupportedTarget();
     void showHideAndBusyReachTheHost();
     void resetWhileHiddenRebuildsOnNextShow();
 
@@ -113,6 +117,45 @@ void TestPluginInterface::launchRequirement_data()
                                   << false;
     QTest::newRow("RF chip id 0") << "rf-chip-id-zero" << false
                                   << "Support this RAT but its RF ID is unknown status." << false;
+    QTest::newRow("world mode of GSM, no structure version") << "legacy-v1" << true << "" << true;
+    QTest::newRow("structure version 1") << "v1-pathloss-v2" << true << "" << true;
+    QTest::newRow("nothing tells of TD-SCDMA")
+        << "bare" << false << "Not Support due to without any this RAT info from SW." << false;
+    QTest::newRow("capability query fails")
+        << "capability-failure" << false << "Support this RAT but it failed to get its capability info." << false;
+}
+
+void TestPluginInterface::pagesOfEachSupportedTarget_data()
+{
+    QTest::addColumn<QString>("profile");
+    QTest::addColumn<QStringList>("tabs");
+
+    const QStringList tests{"RSSI", "PathLoss", "Continuous RX", "Continuous TX", "DPCH TX", "Baseband Register"};
+    QTest::newRow("default") << "default"
+                             << QStringList{"AFC Control", "Temperature ADC"} + tests + QStringList{"TPC Profile"};
+    QTest::newRow("everything over layer 1: no TADC page")
+        << "modern-l1" << QStringList{"AFC Control"} + tests + QStringList{"TPC Profile"};
+    QTest::newRow("legacy-v1") << "legacy-v1"
+                               << QStringList{"AFC Control", "Temperature ADC"} + tests + QStringList{"TPC Profile"};
+}
+
+void TestPluginInterface::pagesOfEachSupportedTarget()
+{
+    QFETCH(QString, profile);
+    QFETCH(QStringList, tabs);
+
+    SimScope sim(profile);
+    QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
+    m_plugin->ShowTool();
+    QWidget *window = ToolWindow();
+    QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == tabs.size());
+    // The window keeps the tab bars of earlier pages; the one in use has tabs.
+    QStringList shown;
+    for (QTabBar *tabBar : window->findChildren<QTabBar *>()) {
+        for (int i = 0; i < tabBar->count(); ++i)
+            shown << tabBar->tabText(i);
+    }
+    QCOMPARE(shown, tabs);
 }
 
 void TestPluginInterface::launchRequirement()
