@@ -37,8 +37,6 @@ private slots:
     void ratSupportStatus_data();
     void ratSupportStatus();
     void worldModeOfMultiRatLeavesGsmUnasked();
-    void capabilityAnswersAreCachedUntilReset();
-    void failedQueryIsNotRepeated();
     void pageListAndDatabaseNeed_data();
     void pageListAndDatabaseNeed();
     void supportItemsFollowStatusAndCapability_data();
@@ -121,44 +119,6 @@ void TestTdscdmaCore::worldModeOfMultiRatLeavesGsmUnasked()
     for (const TavoSim::CallRecord &call : TavoSim::CallLog())
         QVERIFY2(!call.args.join(' ').contains("MSCapability") && !call.name.contains("MSCapability"),
                  qPrintable(call.name + " " + call.args.join(' ')));
-}
-
-void TestTdscdmaCore::capabilityAnswersAreCachedUntilReset()
-{
-    SimScope sim("default");
-    CTdscdmaCapability capability;
-    QVERIFY(capability.GetRfChipId() != 0);
-    capability.GetChipId();
-    capability.IsUbinSupported();
-    capability.GetNvramVerNum();
-    QCOMPARE(TavoSim::CallCount("AST_CAL_get_chipid_r"), 1);
-    QCOMPARE(TavoSim::CallCount("AST_CAL_get_capability_r"), 1);
-
-    // Another helper object shares the same answers.
-    CTdscdmaCapability other;
-    other.IsBandSupported(0);
-    QCOMPARE(TavoSim::CallCount("AST_CAL_get_capability_r"), 1);
-
-    CTdscdmaCore::GetInstance()->ResetCapability();
-    other.IsBandSupported(0);
-    other.GetRfChipId();
-    QCOMPARE(TavoSim::CallCount("AST_CAL_get_capability_r"), 2);
-    QCOMPARE(TavoSim::CallCount("AST_CAL_get_chipid_r"), 2);
-}
-
-void TestTdscdmaCore::failedQueryIsNotRepeated()
-{
-    SimScope sim("default");
-    TavoSim::FailOnce("TAVO_MMRf_GetRfCapability_r");
-    CMmrfCapability mmrf;
-    QVERIFY(!mmrf.GetQueryStatus().isSuccess);
-    QVERIFY(!mmrf.IsAfcByL1());
-    QVERIFY(!mmrf.GetQueryStatus().isSuccess);
-    QCOMPARE(TavoSim::CallCount("TAVO_MMRf_GetRfCapability_r"), 1);
-
-    CMmrfCapability::ResetMmrfCapability();
-    QVERIFY(mmrf.GetQueryStatus().isSuccess);
-    QCOMPARE(TavoSim::CallCount("TAVO_MMRf_GetRfCapability_r"), 2);
 }
 
 void TestTdscdmaCore::pageListAndDatabaseNeed_data()
