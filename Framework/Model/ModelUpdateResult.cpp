@@ -1,0 +1,54 @@
+#include "ModelUpdateResult.h"
+
+#include <QDebug>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include "JsonPath.h"
+
+namespace {
+
+const QString kIntegrity = "modelIntegrity";
+
+std::string Compact(const QJsonObject &object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
+}
+
+} // namespace
+
+void InsertModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMessage)
+{
+    qDebug() << "======> InsertModelUpdateResult";
+    if (model.contains(kIntegrity)) {
+        qDebug() << "======> Has defined the modelIntegrity: remove it!";
+        model.remove(kIntegrity);
+    }
+    const QJsonArray messages{errorMessage};
+    qDebug() << "======> InsertModelUpdateResult allCorrect: " << allCorrect << "errorMes: " << messages;
+    model.insert(kIntegrity, QJsonObject{{"integrity", allCorrect}, {"messageList", messages}});
+}
+
+void AddModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMessage)
+{
+    qDebug() << "AddModelUpdateResult";
+    if (IsJsonPathMissing(model, kIntegrity)) {
+        InsertModelUpdateResult(model, allCorrect, errorMessage);
+        return;
+    }
+    QJsonArray messages = GetJsonValueConst(model, "modelIntegrity.messageList").toArray();
+    messages.append(errorMessage);
+    qDebug() << "======> AddModelUpdateResult allCorrect: " << allCorrect << "errorMes: " << messages;
+    if (!allCorrect && !SetJsonValue(model, "modelIntegrity.integrity", false))
+        return;
+    SetJsonValue(model, "modelIntegrity.messageList", messages);
+}
+
+std::string BuildEmptyModelString() { return Compact(QJsonObject{{"emptyModel", ""}}); }
+
+std::string BuildEmptyModelStringWithError(QString errorMessage)
+{
+    QJsonObject model{{"emptyModel", ""}};
+    InsertModelUpdateResult(model, false, errorMessage);
+    return Compact(model);
+}
