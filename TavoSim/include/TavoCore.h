@@ -90,6 +90,16 @@ TAVO_API TAVO_RESULT TAVO_Rf_QueryMSCapabilityEx2_r(int handle, uint32_t timeout
 TAVO_API TAVO_RESULT TAVO_Rf_GetRFID_r(int handle, uint32_t timeoutMs, uint32_t *rfId);
 TAVO_API TAVO_RESULT TAVO_3Grf_GetRFID_r(int handle, uint32_t timeoutMs, uint32_t *rfId);
 
+/* ---- Test commands ------------------------------------------------------------ */
+
+/* Index of the ADC channel that measures the temperature. */
+TAVO_API TAVO_RESULT TAVO_MISC_GetTADCChannelIndex_r(int handle, uint32_t timeoutMs, uint8_t *channel);
+
+/* ---- NVRAM database ----------------------------------------------------------- */
+
+/* *exists tells whether the records of `lid` have a field `field`. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_FieldExists(const char *lid, const char *field, int *exists);
+
 /* ---- Text ------------------------------------------------------------------ */
 
 /* Readable text of a result; never null, may be empty. */

@@ -37,6 +37,9 @@ const Entry kCatalog[] = {
     {"AST_CAL_apc_start_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
     {"AST_CAL_agc_ex_r", [](const TargetProfile &p) { return p.hasTdscdma && p.hasAgcEx; }},
     {"AST_CAL_apc_start_ex_r", [](const TargetProfile &p) { return p.hasTdscdma && p.hasApcEx; }},
+
+    /* Temperature ADC */
+    {"TAVO_MISC_GetTADCChannelIndex_r", [](const TargetProfile &p) { return p.hasTadcChannel; }},
 };
 
 } // namespace

@@ -25,7 +25,7 @@ TAVO_RESULT TargetCall::run(bool argumentsValid, const SimTarget::Work &work)
     const CallHistory::Ticket ticket = target.logCall(record);
 
     const TAVO_RESULT result = [&] {
-        if (m_handle != 0)
+        if (m_handle != 0 && m_handle != kNoHandle)
             return TAVO_RESULT(TAVO_ERR_NOT_CONNECTED);
         if (!argumentsValid)
             return TAVO_RESULT(TAVO_ERR_INVALID_ARGUMENT);

@@ -28,7 +28,10 @@ namespace TavoSim {
 class TargetCall
 {
 public:
-    /* A call without a time-out (the connection calls) passes -1. */
+    static constexpr int kNoHandle = -1;
+
+    /* A call without a time-out (the connection calls) passes -1; a call
+     * without a handle (the database calls) passes kNoHandle. */
     TargetCall(const char *name, int handle, qint64 timeoutMs, QStringList inputs = QStringList());
 
     TAVO_RESULT run(bool argumentsValid, const SimTarget::Work &work);

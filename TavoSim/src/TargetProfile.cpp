@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QtEndian>
 
@@ -238,6 +239,38 @@ void readFdd(ProfileReader &top, TargetProfile &p)
     p.fddRfId = quint32(rfId.value_or(0));
 }
 
+void readTadc(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> tadc = top.object("tadc");
+    if (!tadc)
+        return;
+    tadc->allowKeys({"channel"});
+    const std::optional<qint64> channel = tadc->integer("channel", 0, 255);
+    p.hasTadcChannel = channel.has_value();
+    p.tadcChannel = quint8(channel.value_or(0));
+}
+
+void readDatabase(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> database = top.object("database");
+    if (!database)
+        return;
+    database->allowKeys({"maxPaPowerBandGroups"});
+    if (database->isAbsent("maxPaPowerBandGroups"))
+        return;
+    p.maxPaPowerGroups.clear();
+    const QJsonArray groups = database->value("maxPaPowerBandGroups").toArray();
+    for (int i = 0; i < groups.size(); ++i) {
+        const int group = groups[i].toInt(-1);
+        if (!groups[i].isDouble() || group < 0 || group > 4) {
+            database->fail(QStringLiteral("maxPaPowerBandGroups[%1]").arg(i),
+                           QStringLiteral("expected a band group index from 0 to 4"));
+            return;
+        }
+        p.maxPaPowerGroups.insert(group);
+    }
+}
+
 /* Names of "commands.offered"/"withheld": what the two support queries take. */
 QStringList readCommandNames(ProfileReader &commands, const char *key)
 {
@@ -320,7 +353,7 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
 {
     ProfileReader top(json);
     top.allowKeys({"name", "description", "modem", "optionInfo", "chipId", "tdscdma", "multiRat", "gsm", "lte", "fdd",
-                   "commands", "faults"});
+                   "tadc", "database", "commands", "faults"});
 
     TargetProfile p;
     p.json = json;
@@ -337,6 +370,8 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
     readGsm(top, p);
     readLte(top, p);
     readFdd(top, p);
+    readTadc(top, p);
+    readDatabase(top, p);
     readFaults(top, p);
 
     p.offered = CommandCatalog::offeredBy(p);

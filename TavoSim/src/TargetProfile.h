@@ -59,6 +59,7 @@ public:
     bool hasGsmRfId = false;
     bool hasLte = false;
     bool hasFddRfId = false;
+    bool hasTadcChannel = false;
 
     /* Answers */
     quint32 optionWord = 0;
@@ -73,6 +74,11 @@ public:
     QByteArray gsmEx2Record = QByteArray(int(TAVO_MS_CAPABILITY_EX2_SIZE), '\0');
     quint32 gsmRfId = 0;
     quint32 fddRfId = 0;
+    quint8 tadcChannel = 0;
+
+    /* NVRAM database: the band groups (0 to 4) whose TX DAC record has the
+     * field "maxPaPower". */
+    QSet<int> maxPaPowerGroups{0, 1, 2, 3, 4};
 
     /* Faults armed whenever the profile is loaded or the target reset. */
     QVector<FaultSpec> faults;
