@@ -11,17 +11,20 @@
 #include "ErrorCodeInfo.h"
 #include "ItemInfo.h"
 #include "Items/TdscdmaRfInit.h"
+#include "Items/TdscdmaTadc.h"
+#include "Items/TdscdmaTpcV3.h"
+#include "RadbenchResources.h"
 #include "TavoApp.h"
 
 namespace {
 
 const char *const kFailedQueryAdvice = "Please check the SW load stability or connection status of the target and tool.";
 
-// The page model resources, by page item id.
-const char *const kModelResource[PAGE_ITEM_COUNT] = {
-    ":/TdscdmaAfc.json",   ":/TdscdmaContTx.json", nullptr, nullptr, ":/TdscdmaTadc.json",
-    ":/TdscdmaContRx.json", ":/TdscdmaDpchTx.json", ":/TdscdmaRssi.json", ":/TdscdmaBBReg.json",
-};
+// Where the test pages keep their band list and UARFCN ranges, and where
+// the calibration pages keep their band list.
+const QString kRequestBand = "cmdIf.request.group1.memberProperty.band.trait.value";
+const QString kRequestUarfcn = "cmdIf.request.group1.memberProperty.uarfcn.trait.valuePair";
+const QString kConfigBand = "calDataIf.config.group1.memberProperty.band.trait.value";
 
 constexpr int kTdscdmaWorldModeBit = 1;
 
@@ -29,8 +32,14 @@ constexpr int kTdscdmaWorldModeBit = 1;
 
 CTdscdmaCore *CTdscdmaCore::GetInstance()
 {
-    static CTdscdmaCore instance;
-    return &instance;
+    static CTdscdmaCore *const instance = [] {
+        // The stored models must be readable before the controller's
+        // members read the band plan.
+        InitRadbenchResources();
+        static CTdscdmaCore core;
+        return &core;
+    }();
+    return instance;
 }
 
 CTdscdmaCore::CTdscdmaCore()
@@ -42,10 +51,19 @@ CTdscdmaCore::CTdscdmaCore()
     CreateItems();
 }
 
-CTdscdmaCore::~CTdscdmaCore() { delete m_rfInitObj; }
+CTdscdmaCore::~CTdscdmaCore()
+{
+    delete m_tpcObj;
+    delete m_tpcV3Obj;
+    delete m_tadcObj;
+    delete m_rfInitObj;
+}
 
 void CTdscdmaCore::CreateItems()
 {
+    m_tpcObj = new CTdscdmaTpc;
+    m_tpcV3Obj = new CTdscdmaTpcV3;
+    m_tadcObj = new CTdscdmaTadc;
     m_calItemMap = BuildCalItemMap();
     m_pageItemMap = BuildPageItemMap();
     m_rfInitObj = new CTdscdmaRfInit;
@@ -180,22 +198,89 @@ void CTdscdmaCore::SetUbinInternal(bool enable)
 
 // ---- Page models -------------------------------------------------------------
 
+QJsonObject CTdscdmaCore::FittedDataModel(int pageItem, const QString &pageName)
+{
+    struct SFit {
+        QString resource;
+        QString bandPath; // empty: the model has no band list
+        QString freqPath;
+        bool uplink;
+        bool bandGroups;
+    };
+    const bool version2 = m_tdscdmaCapObj.GetNvramVerNum() == 2;
+    SFit fit;
+    switch (pageItem) {
+    case PAGE_ITEM_AFC_CONTROL:
+        fit = {":/TdscdmaAfc.json", kRequestBand, kRequestUarfcn, true, false};
+        break;
+    case PAGE_ITEM_CONT_TX:
+        fit = {":/TdscdmaContTx.json", kRequestBand, kRequestUarfcn, true, false};
+        break;
+    case PAGE_ITEM_TPC:
+        fit = version2 ? SFit{":/TdscdmaTpcV3.json", kConfigBand,
+                              "calDataIf.data.group7.memberProperty.uarfcn.trait.valuePair", true, true}
+                       : SFit{":/TdscdmaTpc.json", kConfigBand,
+                              "calDataIf.data.group6.memberProperty.uarfcn.trait.valuePair", true, true};
+        break;
+    case PAGE_ITEM_RX_PATHLOSS:
+        fit = {m_tdscdmaCapObj.IsPathlossV3() ? ":/TdscdmaPathlossV3.json" : ":/TdscdmaPathloss.json", kConfigBand,
+               "calDataIf.data.group1.memberProperty.uarfcn.trait.valuePair", false, true};
+        break;
+    case PAGE_ITEM_TADC:
+        fit = {":/TdscdmaTadc.json", QString(), QString(), false, false};
+        break;
+    case PAGE_ITEM_CONT_RX:
+        fit = {":/TdscdmaContRx.json", kRequestBand, kRequestUarfcn, true, false};
+        break;
+    case PAGE_ITEM_DPCH_TX:
+        fit = {":/TdscdmaDpchTx.json", kRequestBand, kRequestUarfcn, true, false};
+        break;
+    case PAGE_ITEM_RSSI:
+        fit = {":/TdscdmaRssi.json", kRequestBand, kRequestUarfcn, false, false};
+        break;
+    default:
+        fit = {":/TdscdmaBBReg.json", QString(), QString(), false, false};
+        break;
+    }
+
+    QFile file(fit.resource);
+    QJsonObject model;
+    if (!ReadDataModel(file, model))
+        m_errorMessage = "CTdscdmaCore::GetDataModel: cannon get the data Model->" + pageName;
+
+    if (!fit.bandPath.isEmpty())
+        m_capUpdater.UpdateBandFreqInDataModel(model, {SBandPathDir{fit.bandPath, fit.uplink}},
+                                               {SFreqPathDir{fit.freqPath, fit.uplink}}, fit.bandGroups);
+    switch (pageItem) {
+    case PAGE_ITEM_TPC:
+        if (version2)
+            m_capUpdater.UpdateTpcV3DefaultSupport(model);
+        else
+            m_capUpdater.UpdateTpcDefaultSupport(m_tpcObj, model);
+        break;
+    case PAGE_ITEM_RX_PATHLOSS:
+        if (!m_tdscdmaCapObj.IsPathlossV3())
+            m_capUpdater.UpdatePathlossDefaultEnableStatus(model);
+        break;
+    case PAGE_ITEM_TADC:
+        m_capUpdater.UpdateTadcCaption(m_tadcObj, model);
+        break;
+    case PAGE_ITEM_DPCH_TX:
+        m_capUpdater.UpdateDpchTxDefaultSupport(model);
+        break;
+    case PAGE_ITEM_RSSI:
+        m_capUpdater.UpdateRssiModeList(model);
+        break;
+    default:
+        break;
+    }
+    return model;
+}
+
 std::string CTdscdmaCore::GetDataModel(QString pageName)
 {
     try {
-        const int id = PageItemId(pageName);
-        QString resource;
-        if (id == PAGE_ITEM_TPC)
-            resource = m_tdscdmaCapObj.GetNvramVerNum() == 2 ? ":/TdscdmaTpcV3.json" : ":/TdscdmaTpc.json";
-        else if (id == PAGE_ITEM_RX_PATHLOSS)
-            resource = m_tdscdmaCapObj.IsPathlossV3() ? ":/TdscdmaPathlossV3.json" : ":/TdscdmaPathloss.json";
-        else
-            resource = kModelResource[id];
-
-        QFile file(resource);
-        QJsonObject model;
-        if (!ReadDataModel(file, model))
-            m_errorMessage = "CTdscdmaCore::GetDataModel: cannon get the data Model->" + pageName;
+        const QJsonObject model = FittedDataModel(PageItemId(pageName), pageName);
         return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
     } catch (...) {
         m_errorMessage = "CTdscdmaCore::GetDataModel: unexpected exception";

@@ -4,8 +4,12 @@
 
 #include "Interface/CoreInterface.h"
 #include "Items/TdscdmaUbinMode.h"
+#include "TdscdmaDataModelCapUpdater.h"
 
 class CTdscdmaRfInit;
+class CTdscdmaTadc;
+class CTdscdmaTpc;
+class CTdscdmaTpcV3;
 
 // The one controller of everything TD-SCDMA: pages' models, tests and
 // stops, the target's arming, and the movements of calibration data. A
@@ -66,8 +70,15 @@ private:
     // that did not run, and the movement's done signal is returned.
     void EndMovementWithoutItems();
 
+    // The stored model of a page, fitted to the target.
+    QJsonObject FittedDataModel(int pageItem, const QString &pageName);
+
     QMap<QString, int> m_calItemMap;
+    CTdscdmaTpc *m_tpcObj = nullptr;
+    CTdscdmaTpcV3 *m_tpcV3Obj = nullptr;
+    CTdscdmaTadc *m_tadcObj = nullptr;
     CTdscdmaUbinMode m_ubinObj;
     QMap<QString, int> m_pageItemMap;
     CTdscdmaRfInit *m_rfInitObj = nullptr;
+    CTdscdmaDataModelCapUpdater m_capUpdater;
 };

@@ -44,7 +44,6 @@ private slots:
     void testOfPageWithoutOperationEndsNotExecuted_data();
     void testOfPageWithoutOperationEndsNotExecuted();
     void stopWithoutOperationEndsNotExecuted();
-    void missingModelResourceGivesEmptyObject();
     void itemMapsGiveZeroForUnknownNames();
 };
 
@@ -215,15 +214,6 @@ void TestTdscdmaCore::stopWithoutOperationEndsNotExecuted()
     QTRY_COMPARE(results.size(), 2);
     for (const SEachItemOperationResult &result : results)
         QCOMPARE(result.errorCode, 2);
-}
-
-void TestTdscdmaCore::missingModelResourceGivesEmptyObject()
-{
-    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression("TdscdmaBBReg.json"));
-    const std::string model = CTdscdmaCore::GetInstance()->GetDataModel("Baseband Register");
-    QCOMPARE(QString::fromStdString(model), QString("{}"));
-    QCOMPARE(CTdscdmaCore::GetInstance()->GetErrorMessage(),
-             QString("CTdscdmaCore::GetDataModel: cannon get the data Model->Baseband Register"));
 }
 
 void TestTdscdmaCore::itemMapsGiveZeroForUnknownNames()

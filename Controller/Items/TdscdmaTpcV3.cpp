@@ -1,0 +1,7 @@
+#include "TdscdmaTpcV3.h"
+
+bool CTdscdmaTpcV3::IsMaxPaPowerFieldPresent(int band)
+{
+    Q_UNUSED(band);
+    return true;
+}
