@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QRecursiveMutex>
+
+#include "LockableObject.h"
+
+// A critical section: the thread that holds it may enter it again, and must
+// leave it as often as it entered.
+class PortableCriticalSection : public CLockableObject {
+public:
+    PortableCriticalSection() = default;
+
+    void Lock() override;
+    void Unlock() override;
+    // Enters if that is possible without waiting.
+    bool TryLock() override;
+
+private:
+    QRecursiveMutex m_mutex;
+};
+
+// The plug-in's one critical section, alive from load to unload.
+extern PortableCriticalSection g_pluginCriticalSection;
