@@ -1,20 +1,30 @@
 #include "AutoBindingDataModelDockWidget.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDebug>
+#include <QDoubleSpinBox>
 #include <QEvent>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QJsonDocument>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTableWidget>
+
+#include <functional>
+#include <optional>
+
+#include "JsonPath.h"
+#include "ModelBinding.h"
+#include "UnsignedSpinBox.h"
+
+using namespace ModelBinding;
 
 namespace {
 
 const QString kDashes(75, '-');
-
-QFont TitleFont()
-{
-    QFont font("Arial", -1, -1, false);
-    font.setWeight(75);
-    return font;
-}
 
 } // namespace
 
@@ -55,12 +65,16 @@ void CAutoBindingDataModelDockWidget::Slot_GetDataModelDone(std::string dataMode
 {
     if (!dataModelStr.empty()) {
         m_model = QJsonDocument::fromJson(QByteArray::fromStdString(dataModelStr)).object();
+        InitWidgets();
         m_isModelReady = true;
+        CheckDateModelIntegrity(m_model);
     } else {
         qDebug() << "Without any INIT info, Data Model is empty STRING format.";
         if (m_widgetRoot) {
-            for (QGroupBox *group : m_widgetRoot->findChildren<QGroupBox *>())
-                group->setFont(TitleFont());
+            for (QWidget *widget : m_widgetRoot->findChildren<QWidget *>()) {
+                if (IsClass(widget, "QGroupBox"))
+                    widget->setFont(TitleFont());
+            }
         }
     }
     qDebug().noquote() << kDashes << " Init Done: " + windowTitle() << kDashes;
@@ -72,7 +86,592 @@ QString CAutoBindingDataModelDockWidget::ExpandModelPath(const QString &shortPat
     return (m_isCalDataPage == 0 ? "cmdIf." : "calDataIf.") + shortPath;
 }
 
+int CAutoBindingDataModelDockWidget::GetGroupType(const QString &path) const
+{
+    return GetJsonValueConst(m_model, GroupPathOf(path) + "groupType").toInt(0);
+}
+
+QWidget *CAutoBindingDataModelDockWidget::FindBoundWidget(const QString &path) const
+{
+    if (!m_widgetRoot)
+        return nullptr;
+    return m_widgetRoot->findChild<QWidget *>(ObjectNameOf(path));
+}
+
 void CAutoBindingDataModelDockWidget::ShowResultMessage(QString title, SEachItemOperationResult result)
 {
     m_messageBox.ShowResultMessage(title, result);
+}
+
+// ---- The walk at initialisation ------------------------------------------------------
+
+void CAutoBindingDataModelDockWidget::InitWidgets()
+{
+    qDebug() << "============ [Start] Init widget ============ ";
+    const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
+    for (QWidget *widget : widgets) {
+        if (IsClass(widget, "QGroupBox"))
+            widget->setFont(TitleFont());
+        const QString name = widget->objectName();
+        if (!IsBoundName(name)) {
+            qDebug() << " Skip " << name;
+            continue;
+        }
+        QString path = PathOf(name);
+        const QJsonValue value = GetJsonValueConst(m_model, path);
+        if (!IsJsonValueDefined(value)) {
+            qCritical().noquote() << "====== Failed processing name: Cannot get the JSON Object====== " + name;
+            continue;
+        }
+        qDebug() << "====== Processing Name ====== " << name << ": " << ClassOf(widget);
+
+        if (path.contains("caption")) {
+            qDebug() << "---> Caption Setting: caption <---" << value;
+            path.truncate(path.lastIndexOf('.'));
+            const QJsonValue supportValue = GetJsonValueConst(m_model, path + ".defaultSupport");
+            qDebug() << "---> Caption Setting: default support <---" << supportValue;
+            const int support = IsJsonValueDefined(supportValue) ? supportValue.toInt() : 1;
+            if (auto *label = AsClass<QLabel>(widget, "QLabel")) {
+                label->setText(value.toString());
+                label->setVisible(support != 0);
+            } else if (IsClass(widget, "QGroupBox")) {
+                widget->setVisible(support != 0);
+            }
+            continue;
+        }
+
+        qDebug() << "---> Memeber JASON Object " << value;
+        const int groupType = GetGroupType(path);
+        qDebug() << "---> GroupType <---" << groupType;
+        switch (groupType) {
+        case 1:
+            InitType1Widget(path, widget);
+            break;
+        case 2:
+            InitType2Widget(path, widget);
+            break;
+        case 3:
+            InitType3Widget(path, widget);
+            break;
+        default:
+            qCritical().noquote() << "====== Failed processing name: Not support this group type yet ====== " + name;
+            break;
+        }
+    }
+    qDebug() << "============ [Done] Init widget ============ ";
+}
+
+QJsonValue CAutoBindingDataModelDockWidget::ResolveValueObject(QJsonValue member, QJsonValue trait)
+{
+    const QJsonObject memberObject = member.toObject();
+    const QJsonObject traitObject = trait.toObject();
+    QJsonValue result;
+    const QJsonValue subscribeValue = memberObject.value("subscribeValue");
+    const QJsonArray subscribeValueList = memberObject.value("subscribeValueList").toArray();
+    if (IsJsonValueDefined(subscribeValue)) {
+        const QJsonValue publisher = GetJsonValueConst(m_model, ExpandModelPath(subscribeValue.toString()));
+        qDebug() << "---> [Init] Has the subscibe value <---" << publisher;
+        if (!IsJsonValueDefined(publisher)) {
+            qDebug() << "---> [Init] Failed to initialize:  Cannot get the mapping data by KEY info <---";
+            return QJsonValue(QJsonValue::Undefined);
+        }
+        const QString key = GetJsonValueConst(publisher.toObject(), "trait.defaultValue").toString();
+        qDebug() << "---> [Init] Subscribe Key info <--- " << key << " default value: ";
+        result = GetJsonValueConst(traitObject, "valuePair." + key);
+    } else if (!subscribeValueList.isEmpty()) {
+        const QString key = RebuildKeyFromModel(subscribeValueList, m_model);
+        qDebug() << "---> [Init] Has the subscribeValueList <--- " << subscribeValueList
+                 << "---> [Init] Rebuild the key <--- " << key;
+        result = GetJsonValueConst(traitObject, "valuePair." + key);
+    } else {
+        result = traitObject.value("value");
+    }
+    qDebug() << "---> [Init] Final value oject <--- " << result;
+    return result;
+}
+
+void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *widget)
+{
+    const QJsonObject member = GetJsonValueConst(m_model, path).toObject();
+    if (member.value("defaultSupport").toInt() == 0) {
+        widget->hide();
+        return;
+    }
+    if (member.value("defaultEnableStatus").toInt() == 0)
+        widget->setEnabled(false);
+
+    const QJsonValue trait = member.value("trait");
+    qDebug() << "---> [Init][type1] Trait object <---" << trait;
+    if (!IsJsonValueDefined(trait)) {
+        qCritical() << "---> [Fail][Init][type1]Cannot get the Trait JSON Object <---";
+        return;
+    }
+    const QJsonObject traitObject = trait.toObject();
+    const QString dataType = traitObject.value("dataType").toString();
+    const QString defaultText = traitObject.value("defaultValue").toString();
+    const bool publishesValue = !member.value("publishValueList").toArray().isEmpty();
+    const bool publishesStatus = !member.value("publishEnableStatusList").toArray().isEmpty();
+
+    if (dataType == "list" && IsClass(widget, "QComboBox")) {
+        auto *box = static_cast<QComboBox *>(widget);
+        qDebug() << "---> [Init][type1] Init Combo Box  <---";
+        box->clear();
+        for (const QJsonValue &item : ResolveValueObject(member, trait).toArray())
+            box->addItem(item.toString());
+        qDebug() << "---> [Init][type1] Default value <---" << defaultText;
+        box->setCurrentText(defaultText);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        if (publishesValue) {
+            qDebug() << "---> [Init][type1] Has the publish value list: register value publish and subscribe <---";
+            connect(box, &QComboBox::currentTextChanged, this, &CAutoBindingDataModelDockWidget::Slot_ValueChange);
+        }
+        if (publishesStatus) {
+            qDebug() << "---> [Init][type1] Has the enable status list: register enable status publish and "
+                        "subscribe <---";
+            connect(box, &QComboBox::currentTextChanged, this,
+                    &CAutoBindingDataModelDockWidget::Slot_EnableStatusChange);
+        }
+    } else if (dataType == "range" && IsClass(widget, "QSpinBox")) {
+        auto *box = static_cast<QSpinBox *>(widget);
+        qDebug() << "---> [Init][type1] Init Spin Box  <---";
+        const QJsonObject space = ResolveValueObject(member, trait).toObject();
+        if (IsJsonValueDefined(space.value("displayBase"))) {
+            qDebug() << "---> [Init][type1] It has displayBase <---";
+            box->setDisplayIntegerBase(space.value("displayBase").toInt());
+        }
+        const IntRange range = IntRangeOf(space);
+        box->setMaximum(range.max);
+        box->setMinimum(range.min);
+        box->setToolTip(range.ToolTip());
+        const int value = range.Clamp(ToIntBase10(defaultText));
+        qDebug() << "---> [Init][type1] Default value <---" << value;
+        box->setValue(value);
+        if (IsJsonValueDefined(space.value("rangeCheck"))) {
+            box->setToolTip(space.value("rangeCheck").toString());
+            connect(box, &QSpinBox::editingFinished, this, &CAutoBindingDataModelDockWidget::Slot_RangeCheck);
+        }
+        if (publishesStatus) {
+            qDebug() << "---> [Init][type1] Has the enable status list: register enable status publish and "
+                        "subscribe <---";
+            connect(box, &QSpinBox::textChanged, this, &CAutoBindingDataModelDockWidget::Slot_EnableStatusChange);
+        }
+    } else if (dataType == "pointRange" && IsClass(widget, "QDoubleSpinBox")) {
+        auto *box = static_cast<QDoubleSpinBox *>(widget);
+        qDebug() << "---> [Init][type1] Init Double Spin Box  <---";
+        const DoubleRange range = DoubleRangeOf(ResolveValueObject(member, trait).toObject());
+        box->setMaximum(range.max);
+        box->setMinimum(range.min);
+        box->setToolTip(range.ToolTip());
+        const QJsonValue decimals = traitObject.value("decimals");
+        if (IsJsonValueDefined(decimals)) {
+            qDebug() << "---> [Init][type1] == Has the decimals setting <--- " << decimals;
+            box->setDecimals(decimals.toInt());
+        }
+        const double value = range.Clamp(defaultText.toDouble());
+        qDebug() << "---> [Init][type1] Default value <---" << value;
+        box->setValue(value);
+    } else if (dataType == "label" && IsClass(widget, "QLabel")) {
+        qDebug() << "---> [Init][type1] Init label  <---";
+        qDebug() << "---> [Init][type1] Default value <---" << defaultText;
+        static_cast<QLabel *>(widget)->setText(defaultText);
+    } else if (dataType == "boolean" && IsClass(widget, "QCheckBox")) {
+        auto *box = static_cast<QCheckBox *>(widget);
+        qDebug() << "---> [Init][type1] Init Check Box  <---";
+        box->setText(member.value("caption").toString());
+        qDebug() << "---> [Init][type1] Default value <---" << defaultText;
+        box->setChecked(defaultText == "true");
+        if (publishesValue) {
+            qDebug() << "---> [Init][type1] Has the publish value list: register value publish and subscribe <---";
+            connect(box, &QCheckBox::stateChanged, this, &CAutoBindingDataModelDockWidget::Slot_CheckBoxValueChange);
+        }
+        if (publishesStatus) {
+            qDebug() << "---> [Init][type1] Has the enable status list: register enable status publish and "
+                        "subscribe <---";
+            connect(box, &QCheckBox::stateChanged, this,
+                    &CAutoBindingDataModelDockWidget::Slot_CheckBoxEnableStatusChange);
+        }
+    } else {
+        qCritical() << "---> [Fail][Init][type1]cannot find the mapping of Data Type and QWidget <---";
+    }
+}
+
+QStringList CAutoBindingDataModelDockWidget::SupportedRows(const QJsonObject &memberProperty,
+                                                          const QJsonArray &memberList)
+{
+    QStringList rows;
+    for (const QJsonValue &name : memberList) {
+        if (memberProperty.value(name.toString()).toObject().value("defaultSupport").toInt(0) == 1)
+            rows << name.toString();
+    }
+    return rows;
+}
+
+void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *widget)
+{
+    if (!IsClass(widget, "QTableWidget")) {
+        qCritical() << "---> [[Fail][Init][type3] Now only support table widget(QTableWidget) <--- "
+                    << ClassOf(widget);
+        return;
+    }
+    auto *table = static_cast<QTableWidget *>(widget);
+    qDebug() << "---> [Init][type3] Initialize <---";
+    const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
+    const QJsonObject memberProperty = group.value("memberProperty").toObject();
+    const int columns = memberProperty.value("dimentionCount").toInt(0);
+
+    QStringList columnHeaders;
+    const QJsonValue captionList = memberProperty.value("colFieldCaptionList");
+    if (IsJsonValueDefined(captionList)) {
+        for (const QJsonValue &caption : captionList.toArray())
+            columnHeaders << caption.toString();
+        qDebug() << "---> [Init][type3] Column info <---" << " dimention: " << columns << " Caption Array:"
+                 << columnHeaders;
+    } else {
+        const int start = memberProperty.value("startIndex").toInt(0);
+        const int step = memberProperty.value("indexStep").toInt(0);
+        for (int c = 0; c < columns; ++c)
+            columnHeaders << QString::number(start + c * step);
+        qDebug() << "---> [Init][type3] Column info <---" << " dimention: " << columns << " startLabel:" << start
+                 << " steps: " << step;
+    }
+
+    const QJsonArray memberList = group.value("memberList").toArray();
+    qDebug() << "---> [Init][type3] Row info - from member list <---" << memberList;
+    const QStringList rows = SupportedRows(memberProperty, memberList);
+    if (rows.isEmpty()) {
+        qDebug() << "---> [Init][type3] Set visible to false, all member value are not support <---";
+        table->hide();
+        return;
+    }
+    qDebug() << "---> [Init][type3] Row info - after checking memeber support <---" << rows;
+    table->setColumnCount(columns);
+    table->setRowCount(rows.size());
+    for (int c = 0; c < columns; ++c)
+        table->horizontalHeader()->resizeSection(c, 58);
+
+    QStringList rowHeaders;
+    for (int r = 0; r < rows.size(); ++r) {
+        const QJsonObject member = memberProperty.value(rows[r]).toObject();
+        rowHeaders << member.value("caption").toString();
+        table->verticalHeader()->resizeSection(r, 22);
+        const QJsonObject traitObject = member.value("trait").toObject();
+        const QString dataType = traitObject.value("dataType").toString();
+        qDebug() << "---> [Init][type3] ==" << r << "== Member JSON Object  <---" << member << "== DataType <--- "
+                 << dataType;
+        const bool enabled = member.value("defaultEnableStatus").toInt() != 0;
+        const QJsonArray defaults = traitObject.value("defaultValue").toArray();
+
+        if (dataType.contains("Range") || dataType.contains("range")) {
+            const QJsonObject space = ResolveValueObject(member, traitObject).toObject();
+            if (dataType == "pointRange") {
+                const DoubleRange range = DoubleRangeOf(space);
+                QJsonArray values = defaults;
+                const QJsonValue rangeCheck = space.value("rangeCheck");
+                if (IsJsonValueDefined(rangeCheck)) {
+                    qDebug() << "== Has the rangeCheck <--- " << rangeCheck;
+                    if (IsJsonValueDefined(space.value("value"))) {
+                        qDebug() << "== Has the value and rangeCheck <--- ";
+                        values = QJsonArray{space.value("value")};
+                    }
+                }
+                int decimals = 5;
+                if (IsJsonValueDefined(space.value("decimals"))) {
+                    decimals = space.value("decimals").toInt();
+                    qDebug() << "== Has the decimals setting <--- " << decimals;
+                }
+                for (int c = 0; c < columns; ++c) {
+                    auto *cell = new QDoubleSpinBox;
+                    cell->setMaximum(range.max);
+                    cell->setMinimum(range.min);
+                    cell->setDecimals(decimals);
+                    cell->setToolTip(range.ToolTip());
+                    cell->setValue(range.Clamp(EntryOrLast(values, c).toString().toDouble()));
+                    cell->setFont(CellFont());
+                    cell->setEnabled(enabled);
+                    cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
+                    table->setCellWidget(r, c, cell);
+                    if (IsJsonValueDefined(rangeCheck)) {
+                        cell->setToolTip(rangeCheck.toString());
+                        connect(cell, &QDoubleSpinBox::editingFinished, this,
+                                &CAutoBindingDataModelDockWidget::Slot_PointRangeCheck);
+                    }
+                }
+            } else if (dataType == "range") {
+                const IntRange range = IntRangeOf(space);
+                QJsonArray values = defaults;
+                const QJsonValue rangeCheck = space.value("rangeCheck");
+                if (IsJsonValueDefined(rangeCheck)) {
+                    qDebug() << "== Has the rangeCheck <--- " << rangeCheck;
+                    if (IsJsonValueDefined(space.value("value"))) {
+                        qDebug() << "== Has the value and rangeCheck <--- ";
+                        values = QJsonArray{space.value("value")};
+                    }
+                }
+                for (int c = 0; c < columns; ++c) {
+                    auto *cell = new QSpinBox;
+                    cell->setMaximum(range.max);
+                    cell->setMinimum(range.min);
+                    cell->setToolTip(range.ToolTip());
+                    cell->setValue(range.Clamp(ToIntBase10(EntryOrLast(values, c).toString())));
+                    cell->setFont(CellFont());
+                    cell->setEnabled(enabled);
+                    cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
+                    table->setCellWidget(r, c, cell);
+                    if (IsJsonValueDefined(rangeCheck)) {
+                        cell->setToolTip(rangeCheck.toString());
+                        connect(cell, &QSpinBox::editingFinished, this,
+                                &CAutoBindingDataModelDockWidget::Slot_RangeCheck);
+                    }
+                }
+            } else if (dataType == "unsignedRange") {
+                for (int c = 0; c < columns; ++c)
+                    table->horizontalHeader()->resizeSection(c, 75);
+                const quint32 min = space.value("min").toString().toUInt(nullptr, 10);
+                const quint32 max = space.value("max").toString().toUInt(nullptr, 10);
+                int base = 10;
+                if (IsJsonValueDefined(space.value("displayBase"))) {
+                    base = space.value("displayBase").toInt();
+                    qDebug() << "== It has displayBase <--- " << base;
+                }
+                for (int c = 0; c < columns; ++c) {
+                    auto *cell = new CUnsignedSpinBox(table, base);
+                    cell->m_maximum = max;
+                    cell->m_minimum = min;
+                    cell->setToolTip(QString("%1~%2").arg(min).arg(max));
+                    bool ok = false;
+                    quint32 value = EntryOrLast(defaults, c).toString().toUInt(&ok, 10);
+                    if (value < min || value > max)
+                        value = quint32((quint64(min) + max) / 2);
+                    cell->setText(QString::number(value, base).toUpper());
+                    cell->setFont(CellFont());
+                    table->setCellWidget(r, c, cell);
+                }
+            } else {
+                qCritical() << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- "
+                            << dataType;
+            }
+        } else if (dataType == "label") {
+            qDebug() << "== defaultValueArray <--- " << defaults;
+            for (int c = 0; c < columns; ++c) {
+                auto *cell = new QLabel("0");
+                cell->setFrameShape(QFrame::StyledPanel);
+                cell->setFont(CellFont());
+                cell->setEnabled(enabled);
+                if (c < defaults.size())
+                    cell->setText(defaults[c].toString());
+                table->setCellWidget(r, c, cell);
+            }
+        } else if (dataType == "list") {
+            const QJsonArray items = traitObject.value("value").toArray();
+            qDebug() << "== defaultValueArray <--- " << defaults << "== listValue <--- " << items;
+            for (int c = 0; c < columns; ++c) {
+                auto *cell = new QComboBox;
+                for (const QJsonValue &item : items)
+                    cell->addItem(item.toString());
+                cell->setFont(CellFont());
+                cell->setCurrentText(EntryOrLast(defaults, c).toString());
+                table->setCellWidget(r, c, cell);
+            }
+        } else {
+            qCritical() << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- "
+                        << dataType;
+        }
+    }
+    table->setHorizontalHeaderLabels(columnHeaders);
+    table->setVerticalHeaderLabels(rowHeaders);
+    SizeTable(table, columns, false);
+}
+
+void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *widget)
+{
+    if (!IsClass(widget, "QTableWidget")) {
+        qCritical() << "---> [Fail][Init][type2] Now only support table widget(QTableWidget) <--- "
+                    << ClassOf(widget);
+        return;
+    }
+    auto *table = static_cast<QTableWidget *>(widget);
+    qDebug() << "---> [Init][type2] Initialize <---";
+    const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
+    const QJsonObject memberProperty = group.value("memberProperty").toObject();
+    const QJsonArray memberList = group.value("memberList").toArray();
+    const QJsonArray instanceList = group.value("instanceList").toArray();
+
+    bool supported = false;
+    for (const QJsonValue &name : memberList) {
+        const QJsonValue support = memberProperty.value(name.toString()).toObject().value("defaultSupport");
+        if (IsJsonValueDefined(support))
+            supported = support.toInt() == 1;
+    }
+    if (!supported) {
+        qDebug() << "---> [Init][type2] Set visible to false, all member value are not support <---";
+        table->hide();
+        return;
+    }
+    table->setColumnCount(memberList.size());
+    table->setRowCount(instanceList.size());
+    qDebug() << "---> [Init][type2] Column info - from memeber list <---" << memberList
+             << "---> [Init][type2] Row info - from instance list <---" << instanceList;
+
+    QStringList columnHeaders;
+    for (int c = 0; c < memberList.size(); ++c) {
+        const QString name = memberList[c].toString();
+        const QJsonObject member = memberProperty.value(name).toObject();
+        columnHeaders << member.value("caption").toString();
+        const QJsonObject traitObject = member.value("trait").toObject();
+        const QString dataType = traitObject.value("dataType").toString();
+        const QJsonObject space = traitObject.value("value").toObject();
+        bool filling = true;
+        for (int r = 0; r < instanceList.size() && filling; ++r) {
+            table->verticalHeader()->resizeSection(r, 22);
+            const QJsonValue defaultValue =
+                GetJsonValueConst(memberProperty, instanceList[r].toString() + "." + name + ".defaultValue");
+            if (dataType == "pointRange") {
+                const DoubleRange range = DoubleRangeOf(space);
+                auto *cell = new QDoubleSpinBox;
+                cell->setMaximum(range.max);
+                cell->setMinimum(range.min);
+                cell->setDecimals(IsJsonValueDefined(space.value("decimals")) ? space.value("decimals").toInt() : 5);
+                cell->setToolTip(range.ToolTip());
+                cell->setValue(range.Clamp(defaultValue.toString().toDouble()));
+                cell->setFont(CellFont());
+                cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
+                table->setCellWidget(r, c, cell);
+            } else if (dataType == "range") {
+                const IntRange range = IntRangeOf(space);
+                auto *cell = new QSpinBox;
+                cell->setMaximum(range.max);
+                cell->setMinimum(range.min);
+                cell->setToolTip(range.ToolTip());
+                cell->setValue(range.Clamp(ToIntBase10(defaultValue.toString())));
+                cell->setFont(CellFont());
+                cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
+                table->setCellWidget(r, c, cell);
+            } else if (dataType == "label") {
+                auto *cell = new QLabel(IsJsonValueDefined(defaultValue) ? defaultValue.toString() : "0");
+                cell->setFont(CellFont());
+                cell->setAlignment(Qt::AlignCenter);
+                table->setCellWidget(r, c, cell);
+            } else {
+                qCritical() << "---> [Fail][Init][type2] Cannot get the row info - dataType not support yet <--- "
+                            << dataType;
+                filling = false;
+            }
+        }
+    }
+
+    QStringList rowHeaders;
+    const QJsonObject instanceProperty = group.value("instanceProperty").toObject();
+    for (const QJsonValue &instance : instanceList)
+        rowHeaders << instanceProperty.value(instance.toString()).toObject().value("caption").toString();
+    table->setHorizontalHeaderLabels(columnHeaders);
+    table->setVerticalHeaderLabels(rowHeaders);
+    SizeTable(table, memberList.size(), true);
+}
+
+void CAutoBindingDataModelDockWidget::SizeTable(QTableWidget *table, int columns, bool singleRowTall)
+{
+    // Shown once, the headers know their real size.
+    const bool wasVisible = isVisible();
+    const QPoint position = pos();
+    hide();
+    show();
+    setVisible(wasVisible);
+    if (wasVisible && position != QPoint(0, 0))
+        move(position);
+
+    const int fitted = columns > 16 ? 15 : columns;
+    int width = table->verticalHeader()->width();
+    for (int c = 0; c < fitted; ++c)
+        width += table->columnWidth(c);
+    int height = table->horizontalHeader()->height() * (columns > 16 ? 2 : 1);
+    for (int r = 0; r < table->rowCount(); ++r)
+        height += table->rowHeight(r);
+    if (singleRowTall && table->rowCount() <= 1)
+        height *= 6;
+    table->setMaximumSize(width, height);
+    table->setMinimumSize(width, height);
+    if (columns <= 16)
+        table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+// ---- Range checks when the user leaves a field ---------------------------------------
+//
+// The allowed values live in the field's tool tip: items separated by ",",
+// an item with "~" a closed interval, any other item a single value. A value
+// that matches none jumps to the middle of the first interval, or to the
+// first single value when that comes first.
+
+namespace {
+
+template <typename Number>
+struct SRangeCheck {
+    std::function<Number(const QString &)> parse;
+    std::function<bool(Number low, Number high)> inInterval;
+    std::function<bool(const QString &item)> isSingle;
+    std::function<Number(Number low, Number high)> middle;
+
+    // The value the field must take; nothing when it may stay as it is (a
+    // match, or a check that names no item at all).
+    std::optional<Number> Correction(const QStringList &items) const
+    {
+        std::optional<Number> fallback;
+        for (const QString &item : items) {
+            const int tilde = item.indexOf('~');
+            if (tilde >= 0) {
+                const Number low = parse(item.left(tilde));
+                const Number high = parse(item.mid(tilde + 1));
+                if (inInterval(low, high)) {
+                    qDebug() << "find return";
+                    return std::nullopt;
+                }
+                if (!fallback)
+                    fallback = middle(low, high);
+            } else {
+                if (isSingle(item)) {
+                    qDebug() << "find return";
+                    return std::nullopt;
+                }
+                if (!fallback)
+                    fallback = parse(item);
+            }
+        }
+        return fallback;
+    }
+};
+
+} // namespace
+
+void CAutoBindingDataModelDockWidget::Slot_RangeCheck()
+{
+    auto *box = qobject_cast<QSpinBox *>(sender());
+    if (!box)
+        return;
+    const QString text = box->text();
+    const QStringList items = box->toolTip().split(',', Qt::SkipEmptyParts);
+    qDebug() << "---> Slot_RangeCheck <--- " << items;
+    const int value = ToIntBase10(text);
+    const SRangeCheck<int> check{
+        ToIntBase10, [value](int low, int high) { return value >= low && value <= high; },
+        [&text](const QString &item) { return item == text; },
+        [](int low, int high) { return int((qint64(low) + high) / 2); }};
+    if (const std::optional<int> correction = check.Correction(items))
+        box->setValue(*correction);
+}
+
+void CAutoBindingDataModelDockWidget::Slot_PointRangeCheck()
+{
+    auto *box = qobject_cast<QDoubleSpinBox *>(sender());
+    if (!box)
+        return;
+    const QStringList items = box->toolTip().split(',', Qt::SkipEmptyParts);
+    qDebug() << "---> Slot_PointRangeCheck <--- " << items;
+    const double value = box->value();
+    const SRangeCheck<double> check{
+        [](const QString &item) { return item.toDouble(); },
+        [value](double low, double high) { return value >= low && value <= high; },
+        [value](const QString &item) { return item.toDouble() == value; },
+        [](double low, double high) { return (low + high) * 0.5; }};
+    if (const std::optional<double> correction = check.Correction(items))
+        box->setValue(*correction);
 }

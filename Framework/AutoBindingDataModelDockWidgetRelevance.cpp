@@ -1,0 +1,459 @@
+// Value and status relevance of the page base: a publishing widget's change
+// recomputes the value space, value or enabled state of its subscribers, as
+// the model's publish and subscribe keys say. Nothing is written into the
+// model.
+#include "AutoBindingDataModelDockWidget.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDebug>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QSpinBox>
+#include <QTableWidget>
+
+#include "JsonPath.h"
+#include "ModelBinding.h"
+
+using namespace ModelBinding;
+
+void CAutoBindingDataModelDockWidget::Slot_CheckBoxValueChange(int state)
+{
+    qDebug() << "============ [Value Relevance]Check Box  =========== " << state;
+    Slot_ValueChange(state == Qt::Checked ? "true" : "false");
+}
+
+void CAutoBindingDataModelDockWidget::Slot_CheckBoxEnableStatusChange(int state)
+{
+    qDebug() << "============ [Status Relevance]Check Box  =========== " << state;
+    Slot_EnableStatusChange(state == Qt::Checked ? "true" : "false");
+}
+
+void CAutoBindingDataModelDockWidget::Slot_ValueChange(QString currentText)
+{
+    qDebug() << "============ [Start][Value Relevance] CurrentText  =========== " << currentText;
+    if (currentText.isEmpty())
+        return;
+    auto *publisher = qobject_cast<QWidget *>(sender());
+    if (!publisher || !publisher->isEnabled() || !publisher->isVisible())
+        return;
+    qDebug() << "---> [Value Relevance] Key  <--- " << currentText;
+    const QJsonValue member = GetJsonValueConst(m_model, PathOf(publisher->objectName()));
+    const QJsonArray list = member.toObject().value("publishValueList").toArray();
+    if (IsJsonValueDefined(member))
+        qDebug() << "---> [Value Relevance] Publish Value List <--- " << list << "count: " << list.size();
+    for (int i = 0; i < list.size() && i < 255; ++i) {
+        const QString path = ExpandModelPath(list[i].toString());
+        qDebug() << "---> [Value Relevance] ====== Current Publish Value ====== <--- " << path;
+        const int groupType = GetGroupType(path);
+        qDebug() << "---> [Value Relevance] GroupType <--- " << groupType;
+        QString key = currentText;
+        const QJsonArray subscribeList = GetJsonValueConst(m_model, path + ".subscribeValueList").toArray();
+        if (!subscribeList.isEmpty()) {
+            key = RebuildKeyFromWidgets(subscribeList, m_model);
+            qDebug() << "---> [Value Relevance][type1] Has the subscribeValueList <--- " << subscribeList;
+        }
+        qDebug() << "---> [Value Relevance][type1] Key <--- " << key;
+        if (groupType == 1)
+            ValueRelevanceType1(path, key);
+        else if (groupType == 3)
+            ValueRelevanceType3(path, key);
+        else
+            qCritical() << "---> [Fail][Value Relevance] Not support this group type yet <--- ";
+    }
+    qDebug() << "============ [Done][Value Relevance] =========== ";
+}
+
+void CAutoBindingDataModelDockWidget::Slot_EnableStatusChange(QString currentText)
+{
+    qDebug() << "============ [Start][Status Relevance] CurrentText =========== " << currentText;
+    if (currentText.isEmpty())
+        return;
+    auto *publisher = qobject_cast<QWidget *>(sender());
+    if (!publisher || !publisher->isVisible())
+        return;
+    qDebug() << "---> [Status Relevance] Key  <--- " << currentText;
+    const QJsonValue member = GetJsonValueConst(m_model, PathOf(publisher->objectName()));
+    const QJsonArray list = member.toObject().value("publishEnableStatusList").toArray();
+    if (IsJsonValueDefined(member))
+        qDebug() << "---> [Status Relevance] Publish Value List <--- " << list << "count: " << list.size();
+    for (int i = 0; i < list.size() && i < 255; ++i) {
+        const QString path = ExpandModelPath(list[i].toString());
+        qDebug() << "====== [Status Relevance] Current Publish Value ====== " << path;
+        const int groupType = GetGroupType(path);
+        qDebug() << "---> [Status Relevance] GroupType <--- " << groupType;
+        QString key = currentText;
+        const QJsonArray subscribeList = GetJsonValueConst(m_model, path + ".subscribeEnableStatusList").toArray();
+        if (!subscribeList.isEmpty()) {
+            key = RebuildKeyFromWidgets(subscribeList, m_model);
+            qDebug() << "---> [Status Relevance][type1] Has the subscribeEnableStatusList <--- " << subscribeList;
+        }
+        qDebug() << "---> [Status Relevance][type1] Key <--- " << key;
+        if (groupType == 1)
+            StatusRelevanceType1(path, key);
+        else if (groupType == 3)
+            StatusRelevanceType3(path, key);
+        else
+            qCritical() << "---> [Fail][Status Relevance] Not support this group type yet <--- ";
+    }
+    qDebug() << "============ [Done][Status Relevance] =========== ";
+}
+
+namespace {
+
+// What a subscribed member's widget shows now, as a key part; empty when
+// its type and class don't go together.
+QString ShownText(QWidget *widget, const QString &dataType, bool &found)
+{
+    found = true;
+    if (dataType == "list" && IsClass(widget, "QComboBox"))
+        return static_cast<QComboBox *>(widget)->currentText();
+    if (dataType == "range" && IsClass(widget, "QSpinBox"))
+        return static_cast<QSpinBox *>(widget)->text();
+    if (dataType == "boolean" && IsClass(widget, "QCheckBox"))
+        return static_cast<QCheckBox *>(widget)->isChecked() ? "true" : "false";
+    found = false;
+    return QString();
+}
+
+} // namespace
+
+QString CAutoBindingDataModelDockWidget::RebuildKeyFromWidgets(QJsonArray list, QJsonObject model)
+{
+    QString key;
+    const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
+    for (int i = 0; i < list.size() && i < 255; ++i) {
+        const QString path = ExpandModelPath(list[i].toString());
+        qDebug() << "---> subscribeValue <---" << path;
+        for (QWidget *widget : widgets) {
+            if (PathOf(widget->objectName()) != path)
+                continue;
+            const QJsonValue dataType = GetJsonValueConst(model, path + ".trait.dataType");
+            if (!IsJsonValueDefined(dataType))
+                continue;
+            bool found = false;
+            const QString text = ShownText(widget, dataType.toString(), found);
+            if (!found)
+                continue;
+            key += text;
+            break;
+        }
+        if (i != list.size() - 1)
+            key += ",";
+    }
+    return key;
+}
+
+QString CAutoBindingDataModelDockWidget::RebuildKeyFromModel(QJsonArray list, QJsonObject model)
+{
+    QString key;
+    const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
+    for (int i = 0; i < list.size() && i < 255; ++i) {
+        const QString path = ExpandModelPath(list[i].toString());
+        qDebug() << "---> subscribeValue <---" << path;
+        for (QWidget *widget : widgets) {
+            if (PathOf(widget->objectName()) != path)
+                continue;
+            const QJsonValue dataType = GetJsonValueConst(model, path + ".trait.dataType");
+            if (!IsJsonValueDefined(dataType))
+                continue;
+            bool found = false;
+            ShownText(widget, dataType.toString(), found);
+            if (!found)
+                continue;
+            key += GetJsonValueConst(model, path + ".trait.defaultValue").toString();
+            break;
+        }
+        if (i != list.size() - 1)
+            key += ",";
+    }
+    return key;
+}
+
+void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString key)
+{
+    QWidget *widget = FindBoundWidget(path);
+    if (!widget) {
+        qCritical() << "---> [Fail][Value Relevance][type1] Cannot find widget pointer <--- " << path;
+        return;
+    }
+    qDebug() << "---> [Value Relevance][type1] Find!!!!!!! <--- " << path;
+    if (!widget->isVisible()) {
+        qDebug() << "---> Skip - invisible <---";
+        return;
+    }
+    const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
+    if (!IsJsonValueDefined(trait)) {
+        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the Trait JSON object <---";
+        return;
+    }
+    const QJsonValue valuePair = trait.toObject().value("valuePair");
+    qDebug() << "---> [Value Relevance][type1] Vair Pair JSON object <--- " << valuePair;
+    if (!IsJsonValueDefined(valuePair)) {
+        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the valuePair JSON object <---";
+        return;
+    }
+    const QJsonValue entry = GetJsonValueConst(valuePair.toObject(), key);
+    if (!IsJsonValueDefined(entry)) {
+        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the mapping of key and value in the "
+                       "ValuePair JSON Object"
+                    << key;
+        return;
+    }
+
+    const QString dataType = trait.toObject().value("dataType").toString();
+    const QString defaultText = trait.toObject().value("defaultValue").toString();
+    const bool calData = m_isCalDataPage != 0;
+    if (dataType == "list" && IsClass(widget, "QComboBox")) {
+        auto *box = static_cast<QComboBox *>(widget);
+        qDebug() << "---> [Value Relevance][type1] Combobox List <---"
+                 << "---> [Value Relevance][type1] Final value <---" << entry;
+        box->clear();
+        for (const QJsonValue &item : entry.toArray())
+            box->addItem(item.toString());
+        box->setCurrentIndex(0);
+    } else if (dataType == "range" && IsClass(widget, "QSpinBox")) {
+        auto *box = static_cast<QSpinBox *>(widget);
+        qDebug() << "---> [Value Relevance][type1] Spin Box <---";
+        const QJsonObject space = entry.toObject();
+        const IntRange range = IntRangeOf(space);
+        const int defaultValue = ToIntBase10(defaultText);
+        const int value = calData ? range.Clamp(defaultValue) : range.Middle();
+        box->setMaximum(range.max);
+        box->setMinimum(range.min);
+        box->setToolTip(range.ToolTip());
+        box->setValue(value);
+        if (IsJsonValueDefined(space.value("rangeCheck"))) {
+            qDebug() << "---> [Value Relevance][type1] Has the range check <---";
+            box->setToolTip(space.value("rangeCheck").toString());
+        }
+        if (IsJsonValueDefined(space.value("value")) && !calData) {
+            qDebug() << "---> [Value Relevance][type1] Has the value in valuePair <---";
+            box->setValue(ToIntBase10(space.value("value").toString()));
+        }
+        qDebug() << "---> [Value Relevance][type1] Final Value <---" << box->value();
+    } else if (dataType == "pointRange" && IsClass(widget, "QDoubleSpinBox")) {
+        auto *box = static_cast<QDoubleSpinBox *>(widget);
+        qDebug() << "---> [Value Relevance][type1] Double Spin Box <---";
+        const DoubleRange range = DoubleRangeOf(entry.toObject());
+        const double value = calData ? range.Clamp(defaultText.toDouble()) : range.Middle();
+        box->setMaximum(range.max);
+        box->setMinimum(range.min);
+        box->setToolTip(range.ToolTip());
+        box->setValue(value);
+        qDebug() << "---> [Value Relevance][type1] Final Value <---" << box->value();
+    } else if (dataType == "label" && IsClass(widget, "QLabel")) {
+        qDebug() << "---> [Value Relevance][type1] Label <---";
+        static_cast<QLabel *>(widget)->setText(entry.toString());
+        qDebug() << "---> [Value Relevance][type1] Final Value <---" << entry.toString();
+    } else if (dataType == "boolean" && IsClass(widget, "QCheckBox")) {
+        qDebug() << "---> [Value Relevance][type1] Check Box <---";
+        static_cast<QCheckBox *>(widget)->setChecked(entry.toString() == "true");
+        qDebug() << "---> [Value Relevance][type1] Final Value <---" << entry.toString();
+    } else {
+        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the mapping of dataType and widget <--- "
+                    << dataType << ClassOf(widget);
+    }
+}
+
+QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &path, const char *relevance, int &row,
+                                                              int &columns)
+{
+    const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
+    const QJsonObject memberProperty = group.value("memberProperty").toObject();
+    columns = memberProperty.value("dimentionCount").toInt(0);
+    const QStringList rows = SupportedRows(memberProperty, group.value("memberList").toArray());
+    qDebug().noquote() << QString("---> [%1][type3] Get row info <--- ").arg(relevance) << rows;
+
+    QTableWidget *table = nullptr;
+    for (const QString &member : rows) {
+        QWidget *candidate = FindBoundWidget(GroupOf(path) + ".memberProperty." + member);
+        if (!candidate)
+            continue;
+        if (!IsClass(candidate, "QTableWidget")) {
+            qCritical().noquote() << QString("---> [Fail][%1][type3] The widget is no table: ").arg(relevance)
+                                  << ClassOf(candidate);
+            continue;
+        }
+        table = static_cast<QTableWidget *>(candidate);
+        break;
+    }
+    if (!table) {
+        qCritical().noquote() << QString("---> [Fail][%1][type3] Cannot fine widget pointer").arg(relevance) << path;
+        return nullptr;
+    }
+    qDebug().noquote() << QString("---> [%1][type3] Find the widget pointer!!!!!!!!! <--- ").arg(relevance);
+    row = rows.indexOf(path.mid(path.lastIndexOf('.') + 1));
+    if (row < 0) {
+        qCritical().noquote() << QString("---> [Fail][%1][type3] Cannot fine row index").arg(relevance) << path;
+        return nullptr;
+    }
+    qDebug().noquote() << QString("---> [%1][type3] Find the row index <--- ").arg(relevance) << row;
+    return table;
+}
+
+void CAutoBindingDataModelDockWidget::ValueRelevanceType3(QString path, QString key)
+{
+    int row = 0;
+    int columns = 0;
+    QTableWidget *table = FindGroupTable(path, "Value Relevance", row, columns);
+    if (!table)
+        return;
+    const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
+    if (!IsJsonValueDefined(trait)) {
+        qCritical() << "---> [Fail][Value Relevance][type3] Cannot fine the Trait JSON Object";
+        return;
+    }
+    const QJsonValue valuePair = trait.toObject().value("valuePair");
+    if (!IsJsonValueDefined(valuePair)) {
+        qCritical() << "---> [Fail][Value Relevance][type3] Cannot get the ValuePair JSON Object";
+        return;
+    }
+    const QJsonValue entry = GetJsonValueConst(valuePair.toObject(), key);
+    if (!IsJsonValueDefined(entry)) {
+        qCritical() << "---> [Fail][Value Relevance][type3] Cannot get the mapping of key and value in the ValuePair "
+                       "JSON Object"
+                    << key;
+        return;
+    }
+    qDebug() << "---> [Value Relevance][type3] Vair Pair JSON object <--- " << valuePair;
+
+    const QJsonObject space = entry.toObject();
+    const QString dataType = trait.toObject().value("dataType").toString();
+    const QJsonArray defaults = trait.toObject().value("defaultValue").toArray();
+    const QJsonValue rangeCheck = space.value("rangeCheck");
+    const QJsonValue forced = space.value("value");
+    const bool calData = m_isCalDataPage != 0;
+    const bool checked = IsJsonValueDefined(rangeCheck);
+    const bool takeForced = checked && IsJsonValueDefined(forced) && !calData;
+
+    if (dataType == "range") {
+        qDebug() << "---> [Value Relevance][type3] Spin Box <---";
+        if (checked)
+            qDebug() << "---> [Value Relevance][type3] Has the range check <---";
+        if (takeForced)
+            qDebug() << "---> [Value Relevance][type3] Has the value in valuePair <---";
+        const IntRange range = IntRangeOf(space);
+        for (int c = 0; c < columns; ++c) {
+            auto *cell = qobject_cast<QSpinBox *>(table->cellWidget(row, c));
+            if (!cell)
+                continue;
+            const int value = calData ? range.Clamp(ToIntBase10(EntryOrLast(defaults, c).toString())) : range.Middle();
+            cell->setMaximum(range.max);
+            cell->setMinimum(range.min);
+            cell->setToolTip(range.ToolTip());
+            cell->setValue(value);
+            qDebug() << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
+            if (checked) {
+                if (takeForced)
+                    cell->setValue(ToIntBase10(forced.toString()));
+                cell->setToolTip(rangeCheck.toString());
+            }
+        }
+    } else if (dataType == "pointRange") {
+        qDebug() << "---> [Value Relevance][type3] Double Spin Box <---";
+        if (checked)
+            qDebug() << "---> [Value Relevance][type3] Has the range check <---";
+        if (takeForced)
+            qDebug() << "---> [Value Relevance][type3] Has the value in valuePair <---";
+        const DoubleRange range = DoubleRangeOf(space);
+        for (int c = 0; c < columns; ++c) {
+            auto *cell = qobject_cast<QDoubleSpinBox *>(table->cellWidget(row, c));
+            if (!cell)
+                continue;
+            const double value =
+                calData ? range.Clamp(EntryOrLast(defaults, c).toString().toDouble()) : range.Middle();
+            cell->setMaximum(range.max);
+            cell->setMinimum(range.min);
+            cell->setToolTip(range.ToolTip());
+            cell->setValue(value);
+            qDebug() << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
+            if (checked) {
+                if (takeForced)
+                    cell->setValue(forced.toString().toDouble());
+                cell->setToolTip(rangeCheck.toString());
+            }
+        }
+    } else {
+        qCritical() << "---> [Fail][Value Relevance][type3] Not support this data type yet" << dataType;
+    }
+}
+
+void CAutoBindingDataModelDockWidget::StatusRelevanceType1(QString path, QString key)
+{
+    QWidget *widget = FindBoundWidget(path);
+    if (!widget) {
+        qCritical() << "---> [Fail][Status Relevance][type1] Cannot find widget pointer <--- " << path;
+        return;
+    }
+    qDebug() << "---> [Status Relevance][type1] Find the widget pointer!!!!!!!!! <--- " << path;
+    if (!widget->isVisible()) {
+        qDebug() << "---> Skip: invisible <--- ";
+        return;
+    }
+    const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
+    if (!IsJsonValueDefined(trait)) {
+        qCritical() << "---> [Fail][Status Relevance][type1] Cannot find the trait JSON object <--- ";
+        return;
+    }
+    const QJsonValue pair = trait.toObject().value("enableStatusPair");
+    qDebug() << "---> [Status Relevance][type1] Enable Status Pair <--- " << pair;
+    if (!IsJsonValueDefined(pair)) {
+        qCritical() << "---> [Fail][Status Relevance][type1] Cannot find the EnableStatusPair JSON object <--- ";
+        return;
+    }
+    const QJsonValue entry = GetJsonValueConst(pair.toObject(), key);
+    qDebug() << "---> [Status Relevance][type1] Final enable <--- " << entry;
+    if (!IsJsonValueDefined(entry)) {
+        qCritical() << "---> [Fail][Status Relevance][type1] Cannot get the mapping of key and value in the "
+                       "ValuePair JSON Object"
+                    << key;
+        return;
+    }
+    widget->setEnabled(entry.toInt() != 0);
+
+    if (auto *box = AsClass<QCheckBox>(widget, "QCheckBox")) {
+        if (!box->isEnabled()) {
+            qDebug() << "---> [Status Relevance][type1] check box publish current check status <---";
+            box->setChecked(false);
+        }
+    } else if (auto *box = AsClass<QComboBox>(widget, "QComboBox")) {
+        qDebug() << "---> [Status Relevance][type1] combox box publish current text change <---";
+        emit box->currentTextChanged(box->currentText());
+    } else if (auto *box = AsClass<QSpinBox>(widget, "QSpinBox")) {
+        qDebug() << "---> [Status Relevance][type1] spin box publish current text change <---";
+        emit box->textChanged(box->text());
+    }
+}
+
+void CAutoBindingDataModelDockWidget::StatusRelevanceType3(QString path, QString key)
+{
+    int row = 0;
+    int columns = 0;
+    QTableWidget *table = FindGroupTable(path, "Status Relevance", row, columns);
+    if (!table)
+        return;
+    const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
+    qDebug() << "---> [Status Relevance][type3] Trait Object <--- " << trait;
+    if (!IsJsonValueDefined(trait)) {
+        qCritical() << "---> [Fail][Status Relevance][type3] Cannot fine the Trait JSON Object";
+        return;
+    }
+    const QJsonValue pair = trait.toObject().value("enableStatusPair");
+    if (!IsJsonValueDefined(pair)) {
+        qCritical() << "---> [Fail][Status Relevance][type3] Cannot fine the EnableStatusPair JSON Object";
+        return;
+    }
+    const QJsonValue entry = GetJsonValueConst(pair.toObject(), key);
+    qDebug() << "---> [Status Relevance][type3] Final enable <--- " << entry;
+    if (!IsJsonValueDefined(entry)) {
+        qCritical() << "---> [Fail][Status Relevance][type3] Cannot get the mapping of key and value in the "
+                       "ValuePair JSON Object"
+                    << key;
+        return;
+    }
+    for (int c = 0; c < columns; ++c) {
+        if (QWidget *cell = table->cellWidget(row, c))
+            cell->setEnabled(entry.toInt() != 0);
+    }
+}
