@@ -1,0 +1,118 @@
+#include "TestPage.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTableWidget>
+
+#include "UnsignedSpinBox.h"
+
+TestPage::TestPage(int isCalDataPage) : m_calData(isCalDataPage)
+{
+    m_content = new QWidget(this);
+    m_layout = new QVBoxLayout(m_content);
+    setWidget(m_content);
+    setWindowTitle("Test page");
+}
+
+void TestPage::RequestDataModel()
+{
+    QMetaObject::invokeMethod(
+        this, [this] { Slot_GetDataModelDone(m_text); }, Qt::QueuedConnection);
+}
+
+bool TestPage::Load(const std::string &text)
+{
+    m_text = text;
+    QSignalSpy done(this, &CAutoBindingDataModelDockWidget::Signal_InitDone);
+    show();
+    return done.count() == 1 || done.wait(5000);
+}
+
+bool TestPage::Load(const QJsonObject &model)
+{
+    return Load(QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString());
+}
+
+void TestPage::AddWidgetsFor(const QJsonObject &model)
+{
+    const QString interface = model.contains("cmdIf") ? "cmdIf" : "calDataIf";
+    const QJsonObject sections = model.value(interface).toObject();
+    for (auto section = sections.begin(); section != sections.end(); ++section) {
+        const QJsonObject groups = section.value().toObject();
+        for (auto group = groups.begin(); group != groups.end(); ++group) {
+            const QJsonObject groupObject = group.value().toObject();
+            const QString prefix = interface + "_" + section.key() + "_" + group.key() + "_memberProperty_";
+            const QJsonArray members = groupObject.value("memberList").toArray();
+            if (groupObject.value("groupType").toInt() == 3) {
+                if (!members.isEmpty())
+                    Add<QTableWidget>(prefix + members.first().toString());
+                continue;
+            }
+            for (const QJsonValue &member : members) {
+                const QString name = prefix + member.toString();
+                const QString type = groupObject.value("memberProperty")
+                                         .toObject()
+                                         .value(member.toString())
+                                         .toObject()
+                                         .value("trait")
+                                         .toObject()
+                                         .value("dataType")
+                                         .toString();
+                if (type == "list")
+                    Add<QComboBox>(name);
+                else if (type == "range")
+                    Add<QSpinBox>(name);
+                else if (type == "pointRange")
+                    Add<QDoubleSpinBox>(name);
+                else if (type == "boolean")
+                    Add<QCheckBox>(name);
+                else
+                    Add<QLabel>(name);
+                if (type != "boolean")
+                    Add<QLabel>(name + "_caption");
+            }
+        }
+    }
+}
+
+QString Describe(QWidget *widget)
+{
+    if (!widget)
+        return "none";
+    QString text = widget->metaObject()->className();
+    if (auto *box = qobject_cast<QComboBox *>(widget)) {
+        QStringList items;
+        for (int i = 0; i < box->count(); ++i)
+            items << box->itemText(i);
+        text += " items=" + items.join('|') + " current=" + box->currentText();
+    } else if (auto *box = qobject_cast<QSpinBox *>(widget)) {
+        text += QString(" %1..%2 value=%3 base=%4").arg(box->minimum()).arg(box->maximum()).arg(box->value()).arg(
+            box->displayIntegerBase());
+    } else if (auto *box = qobject_cast<QDoubleSpinBox *>(widget)) {
+        text += QString(" %1..%2 value=%3 decimals=%4")
+                    .arg(box->minimum())
+                    .arg(box->maximum())
+                    .arg(box->value())
+                    .arg(box->decimals());
+    } else if (auto *box = qobject_cast<QCheckBox *>(widget)) {
+        text += QString(" text=%1 checked=%2").arg(box->text()).arg(box->isChecked());
+    } else if (auto *field = qobject_cast<CUnsignedSpinBox *>(widget)) {
+        text += " text=" + field->text();
+    } else if (auto *label = qobject_cast<QLabel *>(widget)) {
+        text += " text=" + label->text();
+    } else if (auto *table = qobject_cast<QTableWidget *>(widget)) {
+        text += QString(" %1x%2").arg(table->rowCount()).arg(table->columnCount());
+    }
+    text += QString(" tip=%1").arg(widget->toolTip());
+    if (!widget->isEnabled())
+        text += " disabled";
+    if (widget->isHidden())
+        text += " hidden";
+    return text;
+}
