@@ -10,6 +10,7 @@
  *
  * All multi-byte fields of the records below are little-endian.
  */
+#include <stdbool.h>
 #include <stdint.h>
 
 #include "TavoExport.h"
@@ -97,8 +98,130 @@ TAVO_API TAVO_RESULT TAVO_MISC_GetTADCChannelIndex_r(int handle, uint32_t timeou
 
 /* ---- NVRAM database ----------------------------------------------------------- */
 
+/*
+ * The database describes the records of the target's NVRAM, each kind known
+ * by the LID (a name) of its records. A record travels in the raw form the
+ * target stores; the compose and decompose calls turn it into the decoded
+ * structures below and back. They touch only the fields that the raw record
+ * holds and leave everything else of the other side as it was.
+ *
+ * A field is named alone ("capId") or, for one element of an array field,
+ * with its index ("nvram_ef_barcode_num[5]"). Field values travel in host
+ * byte order, element by element.
+ */
+
+/* TX DAC record of a band group, 228 bytes. The PA modes are high, middle, low. */
+typedef struct {
+    uint16_t paVgaDac[3][4];
+    int16_t paPower[3][4];
+    uint16_t subbandMaxUarfcn[15];
+    int16_t subbandPowerComp[3][15];
+    int16_t tempPowerComp[3][8];
+    uint16_t hysteresisStart0;
+    uint16_t hysteresisEnd0;
+    uint16_t hysteresisStart1;
+    uint16_t hysteresisEnd1;
+    int16_t maxPower;   /* held only by records with the field "maxPaPower" */
+    uint16_t maxVgaDac; /* the same */
+} TavoTxDacRecord;
+
+/* TX CLPC record of a band group, 36 bytes. */
+typedef struct {
+    int16_t pdPoint[3];
+    int16_t pdSubbandComp[15];
+} TavoTxClpcRecord;
+
+/* RX path loss record of a band group, 168 bytes: three gain modes. */
+typedef struct {
+    uint16_t subbandMaxUarfcn[15];
+    int16_t subbandLoss[3][15];
+    int16_t tempLoss[3][8];
+} TavoPathlossRecord;
+
+/* AFC record. The raw AFC record holds the first two fields; capId lives in
+ * the CAP record and is left alone by the AFC pair. */
+typedef struct {
+    uint16_t initAfcDac;
+    uint16_t slopeInverse;
+    uint32_t capId;
+} TavoAfcRecord;
+
+/* IMEI record, 18 bytes: the IMEI as text and the software version number. */
+typedef struct {
+    char imei[16];
+    uint8_t svn[2];
+} TavoImeiRecord;
+
+/* 0 when the database knows `lid`, else TAVO_ERR_LID_NOT_FOUND. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_LidExists(const char *lid);
+/* Number of records of `lid` (numbered from 1). */
+TAVO_API TAVO_RESULT TAVO_NVRAM_GetRecordCount(const char *lid, int *count);
+/* Size in bytes of one raw record of `lid`. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_GetRecordSize(const char *lid, uint32_t *size);
 /* *exists tells whether the records of `lid` have a field `field`. */
 TAVO_API TAVO_RESULT TAVO_NVRAM_FieldExists(const char *lid, const char *field, int *exists);
+/* Copies a field out of a raw record of `lid` into `value` (at least the
+ * field's size), and the reverse. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_GetField(const char *lid, const char *field, const void *raw, uint32_t rawSize,
+                                        void *value, uint32_t valueSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_SetField(const char *lid, const char *field, void *raw, uint32_t rawSize,
+                                        const void *value, uint32_t valueSize);
+
+/* Compose (decoded to raw) and decompose (raw to decoded) of each record kind. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_DecomposeTxDac(TavoTxDacRecord *record, const void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_ComposeTxDac(const TavoTxDacRecord *record, void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_DecomposeTxClpc(TavoTxClpcRecord *record, const void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_ComposeTxClpc(const TavoTxClpcRecord *record, void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_DecomposePathloss(TavoPathlossRecord *record, const void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_ComposePathloss(const TavoPathlossRecord *record, void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_DecomposeAfc(TavoAfcRecord *record, const void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_ComposeAfc(const TavoAfcRecord *record, void *raw, uint32_t rawSize);
+/* The temperature ADC table: eight values. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_DecomposeTadc(uint16_t *adc, const void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_ComposeTadc(const uint16_t *adc, void *raw, uint32_t rawSize);
+TAVO_API TAVO_RESULT TAVO_NVRAM_DecomposeImei(TavoImeiRecord *record, const void *raw, uint32_t rawSize);
+/* With `sealRecord` the raw record's checksum is made anew; without it the
+ * checksum stays as the raw buffer had it. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_ComposeImei(const TavoImeiRecord *record, void *raw, uint32_t rawSize,
+                                           bool sealRecord);
+
+/* ---- NVRAM transport and integrity record ------------------------------------ */
+
+/* One record of the target's NVRAM, for a read or a write. */
+typedef struct {
+    const char *lid;
+    uint16_t record;        /* record number, from 1 */
+    uint32_t size;          /* size of buffer in bytes */
+    unsigned char *buffer;  /* filled by a read, taken by a write */
+} SNvramAccessRequest;
+
+/* What the target confirms of a transfer. */
+typedef struct {
+    uint32_t size;   /* bytes of the record moved */
+    uint16_t record; /* the record number */
+} SNvramAccessConfirm;
+
+/* Whole records of the NVRAM of a 3GPP modem. A read fills exactly the
+ * record's size; a write takes the record's size from the buffer. A write
+ * replaces the record entirely or, when it fails, not at all. */
+TAVO_API TAVO_RESULT TAVO_NVRAM_Read_r(int handle, uint32_t timeoutMs, const SNvramAccessRequest *request,
+                                      SNvramAccessConfirm *confirm);
+TAVO_API TAVO_RESULT TAVO_NVRAM_Write_r(int handle, uint32_t timeoutMs, const SNvramAccessRequest *request,
+                                       SNvramAccessConfirm *confirm);
+/* The same on a C2K modem. */
+TAVO_API TAVO_RESULT TAVO_C2K_NVRAM_Read_r(int handle, uint32_t timeoutMs, const char *lid, uint16_t record,
+                                          void *buffer, uint32_t size);
+TAVO_API TAVO_RESULT TAVO_C2K_NVRAM_Write_r(int handle, uint32_t timeoutMs, const char *lid, uint16_t record,
+                                           const void *buffer, uint32_t size);
+
+/* A series of calibration writes begins (StartRec) and ends (StopRec), so the
+ * target can keep a record of its calibration data's integrity. *status is
+ * the number of records written in the series. The Ex pair is the newer one;
+ * a target may have either, both or none (ask TAVO_QueryAPISupported_r). */
+TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StartRec_Ex_r(int handle, uint32_t timeoutMs);
+TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StartRec_r(int handle, uint32_t timeoutMs);
+TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StopRec_Ex_r(int handle, uint32_t timeoutMs, uint32_t *status);
+TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StopRec_r(int handle, uint32_t timeoutMs, uint32_t *status);
 
 /* ---- Text ------------------------------------------------------------------ */
 

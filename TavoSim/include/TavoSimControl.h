@@ -7,6 +7,7 @@
  * NVRAM database; tests use it to set the scene, inject faults and read what
  * the target was asked to do. Every function is safe to call from any thread.
  */
+#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -94,5 +95,24 @@ TAVO_API bool IsUbinEnabled();
 TAVO_API void LoadDatabase();
 TAVO_API void UnloadDatabase();
 TAVO_API bool IsDatabaseLoaded();
+
+/* ---- NVRAM ---------------------------------------------------------------- */
+
+/* Keeps what is written to the target's NVRAM in the file at `path`, so that
+ * it is still there after the process restarts, as on a real target. The
+ * file's records are laid over the NVRAM at once and after every Reset and
+ * profile load; a missing file is made by the first write. An empty path
+ * stops keeping (the NVRAM stays as it is). On failure (*error says why)
+ * nothing changes. A write the file cannot keep fails. */
+TAVO_API bool SetNvramFile(const QString &path, QString *error = nullptr);
+TAVO_API QString NvramFile();
+
+/* Record `number` (from 1) of `lid` as the target holds it, raw; empty when
+ * the target has no such record. */
+TAVO_API QByteArray NvramRecord(const QString &lid, int number = 1);
+
+/* Whether an integrity record of calibration writes is open (started and not
+ * stopped). */
+TAVO_API bool IsCalDataIntegrityOpen();
 
 } // namespace TavoSim

@@ -40,6 +40,19 @@ const Entry kCatalog[] = {
 
     /* Temperature ADC */
     {"TAVO_MISC_GetTADCChannelIndex_r", [](const TargetProfile &p) { return p.hasTadcChannel; }},
+
+    /* NVRAM transport: the plain commands reach a 3GPP modem's NVRAM, the
+     * C2K ones a C2K modem's. */
+    {"TAVO_NVRAM_Read_r", [](const TargetProfile &p) { return p.modemService != TAVO_MD_SRV_C2K; }},
+    {"TAVO_NVRAM_Write_r", [](const TargetProfile &p) { return p.modemService != TAVO_MD_SRV_C2K; }},
+    {"TAVO_C2K_NVRAM_Read_r", [](const TargetProfile &p) { return p.modemService == TAVO_MD_SRV_C2K; }},
+    {"TAVO_C2K_NVRAM_Write_r", [](const TargetProfile &p) { return p.modemService == TAVO_MD_SRV_C2K; }},
+
+    /* Integrity record ("nvram.integrity") */
+    {"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},
+    {"TAVO_MISC_CalDataIntegrity_StopRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},
+    {"TAVO_MISC_CalDataIntegrity_StartRec_r", [](const TargetProfile &p) { return p.hasIntegrity; }},
+    {"TAVO_MISC_CalDataIntegrity_StopRec_r", [](const TargetProfile &p) { return p.hasIntegrity; }},
 };
 
 } // namespace

@@ -150,4 +150,25 @@ bool IsDatabaseLoaded()
     return SimTarget::instance().state().databaseLoaded;
 }
 
+bool SetNvramFile(const QString &path, QString *error)
+{
+    return SimTarget::instance().setNvramFile(path, error);
+}
+
+QString NvramFile()
+{
+    return SimTarget::instance().nvramFile();
+}
+
+QByteArray NvramRecord(const QString &lid, int number)
+{
+    const QVector<QByteArray> records = SimTarget::instance().state().nvram.value(lid);
+    return number >= 1 && number <= records.size() ? records.at(number - 1) : QByteArray();
+}
+
+bool IsCalDataIntegrityOpen()
+{
+    return SimTarget::instance().state().integrityOpen;
+}
+
 } // namespace TavoSim

@@ -1,23 +1,71 @@
 #pragma once
 
+#include <QByteArray>
+#include <QHash>
+#include <QJsonObject>
+#include <QSet>
 #include <QString>
+#include <QStringList>
+#include <QVector>
 
-#include "TargetProfile.h"
+#include <optional>
+
+#include "NvramLayout.h"
 
 namespace TavoSim {
 
+class ProfileReader;
+
+/* Records of the target's NVRAM by LID; record number n at index n - 1. */
+using NvramRecords = QHash<QString, QVector<QByteArray>>;
+
 /*
- * The NVRAM database the host loads: which records (by LID) exist and which
- * fields they have. Part of the profile, since databases differ between
- * software loads just as targets do.
+ * The NVRAM database of a software load: which LIDs it has, how large and how
+ * many their records are, and which fields it can name. The host loads it
+ * with the target; the target's NVRAM holds records of exactly these LIDs.
+ * Databases differ between software loads just as targets do, so a profile
+ * can take LIDs and field names away and change sizes and counts.
  */
-namespace NvramDatabase {
+class NvramDatabase
+{
+public:
+    struct Lid
+    {
+        const NvramLayout::Kind *kind = nullptr;
+        uint32_t size = 0;
+        int count = 0;
+        bool withOptionalField = true;
+        QSet<QString> withoutFields;
+    };
 
-/* Whether the database knows `lid`. */
-bool knowsLid(const TargetProfile &profile, const QString &lid);
-/* Whether the records of `lid` have the field `field`. */
-bool hasField(const TargetProfile &profile, const QString &lid, const QString &field);
+    /* Where a field, or one element of an array field, lies in a raw record. */
+    struct FieldRef
+    {
+        NvramLayout::Type type;
+        int offset;
+        int count;
 
-} // namespace NvramDatabase
+        int size() const { return NvramLayout::sizeOf(type) * count; }
+    };
+
+    /* Every LID of every kind with its full record and default count. */
+    NvramDatabase();
+
+    const Lid *lid(const QString &name) const;
+    /* The field `field` ("name" or "name[index]") of the records of `lid`,
+     * if the database names it and the record holds it. */
+    std::optional<FieldRef> field(const QString &lid, const QString &field) const;
+
+    /* Reads the profile's "database" section over the full database. */
+    void read(ProfileReader &database);
+
+    /* The records a target with this database holds before anybody writes:
+     * zeros, with the software load's defaults and then the profile's
+     * "nvram.records" (if given) laid over them. */
+    NvramRecords initialRecords(ProfileReader *seeds) const;
+
+private:
+    QHash<QString, Lid> m_lids;
+};
 
 } // namespace TavoSim

@@ -35,6 +35,8 @@ public:
     void allowKeys(std::initializer_list<const char *> keys);
 
     bool contains(const char *key) const { return m_object.contains(QLatin1String(key)); }
+    /* The keys of the object, for objects keyed by names (LIDs, fields). */
+    QStringList keys() const { return m_object.keys(); }
     /* Absent, or present as null. */
     bool isAbsent(const char *key) const;
     QJsonValue value(const char *key) const { return m_object.value(QLatin1String(key)); }

@@ -54,6 +54,11 @@ void SimTarget::reset()
 void SimTarget::resetLocked()
 {
     m_state = TargetState();
+    m_state.nvram = m_profile.nvram;
+    if (m_nvramFile.isOpen()) {
+        m_nvramFile.layOver(m_state.nvram);
+        m_state.nvramFile = &m_nvramFile;
+    }
     m_faults.clear();
     for (const FaultSpec &fault : qAsConst(m_profile.faults))
         m_faults.arm(fault);
@@ -159,6 +164,22 @@ void SimTarget::setDatabaseLoaded(bool loaded)
 {
     QMutexLocker lock(&m_mutex);
     m_state.databaseLoaded = loaded;
+}
+
+bool SimTarget::setNvramFile(const QString &path, QString *error)
+{
+    QMutexLocker lock(&m_mutex);
+    if (!m_nvramFile.open(path, error))
+        return false;
+    m_state.nvramFile = m_nvramFile.isOpen() ? &m_nvramFile : nullptr;
+    m_nvramFile.layOver(m_state.nvram);
+    return true;
+}
+
+QString SimTarget::nvramFile() const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_nvramFile.path();
 }
 
 } // namespace TavoSim

@@ -9,6 +9,7 @@
 
 #include "CallHistory.h"
 #include "FaultTable.h"
+#include "PersistentNvram.h"
 #include "TargetProfile.h"
 #include "TargetState.h"
 
@@ -65,6 +66,12 @@ public:
     TargetState state() const;
     void setDatabaseLoaded(bool loaded);
 
+    /* ---- NVRAM file ---- */
+    /* Keeps the NVRAM's writes in `path` (empty: no longer), laying what the
+     * file holds over the records held now. */
+    bool setNvramFile(const QString &path, QString *error);
+    QString nvramFile() const;
+
 private:
     SimTarget();
     void resetLocked();
@@ -78,6 +85,7 @@ private:
     CallHistory m_log;
     std::map<TAVO_RESULT, const char *> m_textOverrides;
     std::set<QByteArray> m_texts; /* nodes never move: their data stays put */
+    PersistentNvram m_nvramFile;
 };
 
 } // namespace TavoSim

@@ -252,23 +252,26 @@ void readTadc(ProfileReader &top, TargetProfile &p)
 
 void readDatabase(ProfileReader &top, TargetProfile &p)
 {
-    std::optional<ProfileReader> database = top.object("database");
-    if (!database)
+    if (std::optional<ProfileReader> database = top.object("database"))
+        p.database.read(*database);
+}
+
+/* After readDatabase: the records are those of the database's LIDs. */
+void readNvram(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> nvram = top.object("nvram");
+    if (!nvram) {
+        p.nvram = p.database.initialRecords(nullptr);
         return;
-    database->allowKeys({"maxPaPowerBandGroups"});
-    if (database->isAbsent("maxPaPowerBandGroups"))
-        return;
-    p.maxPaPowerGroups.clear();
-    const QJsonArray groups = database->value("maxPaPowerBandGroups").toArray();
-    for (int i = 0; i < groups.size(); ++i) {
-        const int group = groups[i].toInt(-1);
-        if (!groups[i].isDouble() || group < 0 || group > 4) {
-            database->fail(QStringLiteral("maxPaPowerBandGroups[%1]").arg(i),
-                           QStringLiteral("expected a band group index from 0 to 4"));
-            return;
-        }
-        p.maxPaPowerGroups.insert(group);
     }
+    nvram->allowKeys({"integrity", "records"});
+    const QString integrity = nvram->string("integrity", QStringLiteral("ex"));
+    p.hasIntegrityEx = integrity == QLatin1String("ex");
+    p.hasIntegrity = integrity != QLatin1String("none");
+    if (!p.hasIntegrityEx && integrity != QLatin1String("plain") && p.hasIntegrity)
+        nvram->fail(QStringLiteral("integrity"), QStringLiteral("expected one of \"ex\", \"plain\", \"none\""));
+    std::optional<ProfileReader> records = nvram->object("records");
+    p.nvram = p.database.initialRecords(records ? &*records : nullptr);
 }
 
 /* Names of "commands.offered"/"withheld": what the two support queries take. */
@@ -353,7 +356,7 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
 {
     ProfileReader top(json);
     top.allowKeys({"name", "description", "modem", "optionInfo", "chipId", "tdscdma", "multiRat", "gsm", "lte", "fdd",
-                   "tadc", "database", "commands", "faults"});
+                   "tadc", "database", "nvram", "commands", "faults"});
 
     TargetProfile p;
     p.json = json;
@@ -372,6 +375,7 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
     readFdd(top, p);
     readTadc(top, p);
     readDatabase(top, p);
+    readNvram(top, p);
     readFaults(top, p);
 
     p.offered = CommandCatalog::offeredBy(p);

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "FaultTable.h"
+#include "NvramDatabase.h"
 #include "TavoCore.h"
 
 namespace TavoSim {
@@ -76,9 +77,14 @@ public:
     quint32 fddRfId = 0;
     quint8 tadcChannel = 0;
 
-    /* NVRAM database: the band groups (0 to 4) whose TX DAC record has the
-     * field "maxPaPower". */
-    QSet<int> maxPaPowerGroups{0, 1, 2, 3, 4};
+    /* The NVRAM database of the software load, and the records the target's
+     * NVRAM holds before anybody writes to it. */
+    NvramDatabase database;
+    NvramRecords nvram;
+    /* Which integrity record commands the target has: the Ex pair, the
+     * plain pair. */
+    bool hasIntegrityEx = true;
+    bool hasIntegrity = true;
 
     /* Faults armed whenever the profile is loaded or the target reset. */
     QVector<FaultSpec> faults;

@@ -1,17 +1,34 @@
 #pragma once
 
+#include "NvramDatabase.h"
+
 namespace TavoSim {
+
+class PersistentNvram;
 
 /*
  * What the simulated target remembers between calls. A default-constructed
  * state is the target just after power-on: Reset() and every profile load
  * start from one. A call family that needs state of its own adds members
  * here, with their power-on values as initialisers.
+ *
+ * The NVRAM is the exception: it outlives a power cycle, so the target fills
+ * it on every reset, from the profile and the NVRAM file.
  */
 struct TargetState
 {
     bool ubinEnabled = false;
     bool databaseLoaded = false;
+
+    /* The target's NVRAM, and the file that keeps what is written to it
+     * (owned by the target; null: writes live in memory only). */
+    NvramRecords nvram;
+    PersistentNvram *nvramFile = nullptr;
+
+    /* The integrity record of calibration writes: open between a start and
+     * a stop, counting the records written meanwhile. */
+    bool integrityOpen = false;
+    quint32 integrityWrites = 0;
 };
 
 } // namespace TavoSim
