@@ -16,7 +16,11 @@ CHostOptions::CHostOptions()
       m_timeoutOption(QStringLiteral("timeout"),
                       QStringLiteral("With --screenshot: give up when the tool is not ready after "
                                      "<seconds> (default: 60)."),
-                      QStringLiteral("seconds"), QStringLiteral("60"))
+                      QStringLiteral("seconds"), QStringLiteral("60")),
+      m_nvramOption(QStringLiteral("nvram"),
+                    QStringLiteral("Keep what is written to the target's NVRAM in <file>, so that it is "
+                                   "still there on the next run."),
+                    QStringLiteral("file"))
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Loads a Tavo tool plug-in and runs it against the simulated target."));
@@ -25,6 +29,7 @@ CHostOptions::CHostOptions()
     m_parser.addOption(m_profileOption);
     m_parser.addOption(m_screenshotOption);
     m_parser.addOption(m_timeoutOption);
+    m_parser.addOption(m_nvramOption);
 }
 
 CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
@@ -44,6 +49,7 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     pluginPath = m_parser.value(m_pluginOption);
     profile = m_parser.value(m_profileOption);
     screenshotFile = m_parser.value(m_screenshotOption);
+    nvramFile = m_parser.value(m_nvramOption);
 
     bool ok = false;
     const QString timeoutText = m_parser.value(m_timeoutOption);
@@ -58,6 +64,10 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     }
     if (m_parser.isSet(m_pluginOption) && pluginPath.isEmpty()) {
         m_error = QStringLiteral("--plugin wants a path");
+        return Outcome::Error;
+    }
+    if (m_parser.isSet(m_nvramOption) && nvramFile.isEmpty()) {
+        m_error = QStringLiteral("--nvram wants a file name");
         return Outcome::Error;
     }
     if (m_parser.isSet(m_screenshotOption) && screenshotFile.isEmpty()) {

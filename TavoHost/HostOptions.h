@@ -20,6 +20,7 @@ public:
     QString pluginPath;     /* empty: search the executable's folder */
     QString profile = QStringLiteral("default");
     QString screenshotFile; /* empty: interactive */
+    QString nvramFile;      /* empty: the target's NVRAM lives as long as the host */
     int timeoutSec = 60;
 
 private:
@@ -28,5 +29,6 @@ private:
     QCommandLineOption m_profileOption;
     QCommandLineOption m_screenshotOption;
     QCommandLineOption m_timeoutOption;
+    QCommandLineOption m_nvramOption;
     QString m_error;
 };

@@ -192,6 +192,18 @@ void CPluginHost::Slot_PluginIsBusy(const QString &pluginName, bool isBusy)
     SetState(m_isActivated, isBusy);
 }
 
+bool CPluginHost::KeepNvramIn(const QString &path)
+{
+    QString error;
+    if (!TavoSim::SetNvramFile(path, &error)) {
+        m_lastError = QStringLiteral("Cannot keep the target's NVRAM: %1").arg(error);
+        Log(m_lastError);
+        return false;
+    }
+    Log(QStringLiteral("Target NVRAM kept in %1").arg(Quoted(path)));
+    return true;
+}
+
 bool CPluginHost::ConnectTarget(const QString &profile)
 {
     QString error;

@@ -52,6 +52,8 @@ public:
 
     /* ---- The target ----------------------------------------------------- */
 
+    /* Keeps the target's NVRAM in `path` from now on (start-up). */
+    bool KeepNvramIn(const QString &path);
     /* Connects to the profile without touching the plug-in (start-up). */
     bool ConnectTarget(const QString &profile);
     /* The target changed: resets the plug-in, connects to `profile` and

@@ -42,6 +42,8 @@ int Run(const CHostOptions &options)
         return exitCode;
     };
 
+    if (!options.nvramFile.isEmpty() && !host.KeepNvramIn(options.nvramFile))
+        return fail(1, host.LastError());
     if (!host.ConnectTarget(options.profile))
         return fail(1, host.LastError());
     const bool loaded = options.pluginPath.isEmpty()
