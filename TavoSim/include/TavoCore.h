@@ -93,6 +93,33 @@ TAVO_API TAVO_RESULT TAVO_3Grf_GetRFID_r(int handle, uint32_t timeoutMs, uint32_
 
 /* ---- Test commands ------------------------------------------------------------ */
 
+/* Continuous transmission (on 1) or reception on a channel, and its end (on 0). */
+TAVO_API TAVO_RESULT AST_RFTEST_TXOn_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint8_t on);
+TAVO_API TAVO_RESULT AST_RFTEST_RXOn_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint8_t on);
+/* DPCH transmission. Masks: bit i + 1 for time slot i (uplink; 16QAM). */
+TAVO_API TAVO_RESULT AST_CAL_apc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac,
+                                         uint32_t paMode, uint16_t apcData, uint8_t directionMask,
+                                         uint8_t modulationMask);
+/* The same at a fixed wanted power (dBm). */
+TAVO_API TAVO_RESULT AST_CAL_apc_start_ex_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac,
+                                            uint32_t paMode, uint16_t apcData, uint8_t directionMask,
+                                            uint8_t modulationMask, uint8_t fixPowerFlag, int8_t wantedPower);
+/* RSSI measure: rssi in dBm; the extended command gives it in 1/8 dB. */
+TAVO_API TAVO_RESULT AST_CAL_agc_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t mode,
+                                   uint8_t gain, uint8_t agcTracking, int8_t *rssi, uint16_t *dspPower,
+                                   uint8_t *usedGain);
+TAVO_API TAVO_RESULT AST_CAL_agc_ex_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac,
+                                      uint32_t mode, uint8_t gain, uint8_t agcTracking, int16_t *rssiEx,
+                                      uint16_t *dspPower, uint8_t *usedGain);
+/* AFC test at a DAC value. */
+TAVO_API TAVO_RESULT AST_CAL_afc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac,
+                                         uint32_t paMode, uint16_t afcData, uint16_t capId);
+/* Stops whatever test runs; harmless when none does. */
+TAVO_API TAVO_RESULT AST_CAL_stop_r(int handle, uint32_t timeoutMs);
+/* Baseband registers. */
+TAVO_API TAVO_RESULT AST_CAL_read_abb_reg_r(int handle, uint32_t timeoutMs, uint16_t addr, uint16_t *value);
+TAVO_API TAVO_RESULT AST_CAL_write_abb_reg_r(int handle, uint32_t timeoutMs, uint16_t addr, uint16_t value);
+
 /* Index of the ADC channel that measures the temperature. */
 TAVO_API TAVO_RESULT TAVO_MISC_GetTADCChannelIndex_r(int handle, uint32_t timeoutMs, uint8_t *channel);
 

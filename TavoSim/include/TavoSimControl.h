@@ -91,6 +91,13 @@ TAVO_API void ClearCallLog();
 
 TAVO_API bool IsUbinEnabled();
 
+/* What the radio does: "idle", or "tx", "rx", "dpch", "afc" followed by a
+ * blank and the channel, e.g. "tx 9550". */
+TAVO_API QString RadioActivity();
+
+/* A baseband register as the target holds it now. */
+TAVO_API quint16 Register(quint16 address);
+
 /* The NVRAM database the host loads when the tool asks for one. */
 TAVO_API void LoadDatabase();
 TAVO_API void UnloadDatabase();

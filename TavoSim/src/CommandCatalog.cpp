@@ -38,6 +38,14 @@ const Entry kCatalog[] = {
     {"AST_CAL_agc_ex_r", [](const TargetProfile &p) { return p.hasTdscdma && p.hasAgcEx; }},
     {"AST_CAL_apc_start_ex_r", [](const TargetProfile &p) { return p.hasTdscdma && p.hasApcEx; }},
 
+    /* Radio tests */
+    {"AST_RFTEST_TXOn_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
+    {"AST_RFTEST_RXOn_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
+    {"AST_CAL_afc_start_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
+    {"AST_CAL_stop_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
+    {"AST_CAL_read_abb_reg_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
+    {"AST_CAL_write_abb_reg_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
+
     /* Temperature ADC */
     {"TAVO_MISC_GetTADCChannelIndex_r", [](const TargetProfile &p) { return p.hasTadcChannel; }},
 

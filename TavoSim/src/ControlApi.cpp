@@ -2,6 +2,7 @@
 
 #include "TavoSimControl.h"
 
+#include "Radio.h"
 #include "SimTarget.h"
 
 namespace TavoSim {
@@ -133,6 +134,20 @@ void ClearCallLog()
 bool IsUbinEnabled()
 {
     return SimTarget::instance().state().ubinEnabled;
+}
+
+QString RadioActivity()
+{
+    static const char *const names[] = {"idle", "tx", "rx", "dpch", "afc"};
+    const RadioState radio = SimTarget::instance().state().radio;
+    if (radio.activity == RadioState::Idle)
+        return QStringLiteral("idle");
+    return QLatin1String(names[radio.activity]) + QLatin1Char(' ') + QString::number(radio.uarfcn);
+}
+
+quint16 Register(quint16 address)
+{
+    return Radio::registerValue(SimTarget::instance().state(), address);
 }
 
 void LoadDatabase()

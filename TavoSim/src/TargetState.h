@@ -1,10 +1,23 @@
 #pragma once
 
+#include <QHash>
+#include <QtGlobal>
+
 #include "NvramDatabase.h"
 
 namespace TavoSim {
 
 class PersistentNvram;
+
+/* What the radio of the target is doing. One test runs at a time: a
+ * continuous transmission or reception, a DPCH transmission or an AFC test. */
+struct RadioState
+{
+    enum Activity { Idle, ContinuousTx, ContinuousRx, DpchTx, Afc };
+
+    Activity activity = Idle;
+    quint16 uarfcn = 0;
+};
 
 /*
  * What the simulated target remembers between calls. A default-constructed
@@ -29,6 +42,10 @@ struct TargetState
      * a stop, counting the records written meanwhile. */
     bool integrityOpen = false;
     quint32 integrityWrites = 0;
+
+    RadioState radio;
+    /* Baseband registers written since power-on; others read their reset value. */
+    QHash<quint16, quint16> registers;
 };
 
 } // namespace TavoSim

@@ -1,11 +1,171 @@
-/* Test commands: the radio tests and measurements of the target. */
+/* Test commands: the radio tests and measurements of the target.
+ *
+ * One test runs at a time, as on a real target: starting a transmission,
+ * reception, DPCH transmission or AFC test while another runs is refused
+ * with TAVO_ERR_BUSY; the same start on the same channel again is refused
+ * too. An off, or AST_CAL_stop_r, ends the test and is harmless when none
+ * runs. */
 
+#include <cmath>
+
+#include "Radio.h"
 #include "TavoCore.h"
 #include "TargetCall.h"
 
 using namespace TavoSim;
 
+namespace {
+
+/* Starts `activity` on `uarfcn` unless the radio is busy. */
+TAVO_RESULT start(TargetState &state, RadioState::Activity activity, quint16 uarfcn)
+{
+    if (state.radio.activity != RadioState::Idle)
+        return TAVO_ERR_BUSY;
+    state.radio = RadioState{activity, uarfcn};
+    return TAVO_OK;
+}
+
+/* Ends `activity`; harmless when it does not run. Another test is not touched. */
+TAVO_RESULT stop(TargetState &state, RadioState::Activity activity)
+{
+    if (state.radio.activity == activity)
+        state.radio = RadioState();
+    return TAVO_OK;
+}
+
+TAVO_RESULT continuous(const char *call, RadioState::Activity activity, int handle, uint32_t timeoutMs,
+                       uint16_t uarfcn, uint8_t on)
+{
+    return TargetCall(call, handle, timeoutMs, {Input("uarfcn", uarfcn), Input("on", on)})
+        .run(on <= 1, [&](const TargetProfile &, TargetState &state) {
+            return on ? start(state, activity, uarfcn) : stop(state, activity);
+        });
+}
+
+QStringList apcInputs(uint16_t uarfcn, uint16_t afcDac, uint32_t paMode, uint16_t apcData, uint8_t directionMask,
+                      uint8_t modulationMask)
+{
+    return {Input("uarfcn", uarfcn),   Input("afcDac", afcDac),       Input("paMode", paMode),
+            Input("apcData", apcData), Input("directionMask", directionMask), Input("modulationMask", modulationMask)};
+}
+
+QStringList agcInputs(uint16_t uarfcn, uint16_t afcDac, uint32_t mode, uint8_t gain, uint8_t agcTracking)
+{
+    return {Input("uarfcn", uarfcn), Input("afcDac", afcDac), Input("mode", mode), Input("gain", gain),
+            Input("agcTracking", agcTracking)};
+}
+
+/* The DSP power as the target reports it: in 1/8 dB two's complement when
+ * the profile says so, else in whole dB above -100 dBm. */
+uint16_t dspPowerWord(const TargetProfile &p, double dbm)
+{
+    if (p.capabilityFlags & (1u << 6))
+        return uint16_t(int16_t(std::lround(dbm * 8)));
+    return uint16_t(std::max(0L, std::lround(dbm + 100)));
+}
+
+} // namespace
+
 extern "C" {
+
+TAVO_RESULT AST_RFTEST_TXOn_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint8_t on)
+{
+    return continuous("AST_RFTEST_TXOn_r", RadioState::ContinuousTx, handle, timeoutMs, uarfcn, on);
+}
+
+TAVO_RESULT AST_RFTEST_RXOn_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint8_t on)
+{
+    return continuous("AST_RFTEST_RXOn_r", RadioState::ContinuousRx, handle, timeoutMs, uarfcn, on);
+}
+
+TAVO_RESULT AST_CAL_apc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t paMode,
+                                uint16_t apcData, uint8_t directionMask, uint8_t modulationMask)
+{
+    return TargetCall("AST_CAL_apc_start_r", handle, timeoutMs,
+                      apcInputs(uarfcn, afcDac, paMode, apcData, directionMask, modulationMask))
+        .run(paMode <= 2, [&](const TargetProfile &, TargetState &state) {
+            return start(state, RadioState::DpchTx, uarfcn);
+        });
+}
+
+TAVO_RESULT AST_CAL_apc_start_ex_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t paMode,
+                                   uint16_t apcData, uint8_t directionMask, uint8_t modulationMask,
+                                   uint8_t fixPowerFlag, int8_t wantedPower)
+{
+    QStringList inputs = apcInputs(uarfcn, afcDac, paMode, apcData, directionMask, modulationMask);
+    inputs << Input("fixPowerFlag", fixPowerFlag) << Input("wantedPower", wantedPower);
+    return TargetCall("AST_CAL_apc_start_ex_r", handle, timeoutMs, inputs)
+        .run(paMode <= 2 && fixPowerFlag <= 1, [&](const TargetProfile &, TargetState &state) {
+            return start(state, RadioState::DpchTx, uarfcn);
+        });
+}
+
+TAVO_RESULT AST_CAL_agc_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t mode,
+                          uint8_t gain, uint8_t agcTracking, int8_t *rssi, uint16_t *dspPower, uint8_t *usedGain)
+{
+    return TargetCall("AST_CAL_agc_r", handle, timeoutMs, agcInputs(uarfcn, afcDac, mode, gain, agcTracking))
+        .run(rssi && dspPower && usedGain && mode <= 7, [&](const TargetProfile &p, TargetState &state) {
+            if (state.radio.activity == RadioState::ContinuousTx || state.radio.activity == RadioState::DpchTx)
+                return TAVO_RESULT(TAVO_ERR_BUSY);
+            const Radio::Measure m = Radio::measure(uarfcn, mode, gain, agcTracking);
+            *rssi = int8_t(std::lround(m.rssiDbm));
+            *dspPower = dspPowerWord(p, m.dspPowerDbm);
+            *usedGain = m.usedGain;
+            return TAVO_RESULT(TAVO_OK);
+        });
+}
+
+TAVO_RESULT AST_CAL_agc_ex_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t mode,
+                             uint8_t gain, uint8_t agcTracking, int16_t *rssiEx, uint16_t *dspPower, uint8_t *usedGain)
+{
+    return TargetCall("AST_CAL_agc_ex_r", handle, timeoutMs, agcInputs(uarfcn, afcDac, mode, gain, agcTracking))
+        .run(rssiEx && dspPower && usedGain && mode <= 7, [&](const TargetProfile &p, TargetState &state) {
+            if (state.radio.activity == RadioState::ContinuousTx || state.radio.activity == RadioState::DpchTx)
+                return TAVO_RESULT(TAVO_ERR_BUSY);
+            const Radio::Measure m = Radio::measure(uarfcn, mode, gain, agcTracking);
+            *rssiEx = int16_t(std::lround(m.rssiDbm * 8));
+            *dspPower = dspPowerWord(p, m.dspPowerDbm);
+            *usedGain = m.usedGain;
+            return TAVO_RESULT(TAVO_OK);
+        });
+}
+
+TAVO_RESULT AST_CAL_afc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t paMode,
+                                uint16_t afcData, uint16_t capId)
+{
+    return TargetCall("AST_CAL_afc_start_r", handle, timeoutMs,
+                      {Input("uarfcn", uarfcn), Input("afcDac", afcDac), Input("paMode", paMode),
+                       Input("afcData", afcData), Input("capId", capId)})
+        .run(paMode <= 2, [&](const TargetProfile &, TargetState &state) {
+            return start(state, RadioState::Afc, uarfcn);
+        });
+}
+
+TAVO_RESULT AST_CAL_stop_r(int handle, uint32_t timeoutMs)
+{
+    return TargetCall("AST_CAL_stop_r", handle, timeoutMs).run(true, [](const TargetProfile &, TargetState &state) {
+        state.radio = RadioState();
+        return TAVO_RESULT(TAVO_OK);
+    });
+}
+
+TAVO_RESULT AST_CAL_read_abb_reg_r(int handle, uint32_t timeoutMs, uint16_t addr, uint16_t *value)
+{
+    return TargetCall("AST_CAL_read_abb_reg_r", handle, timeoutMs, {Input("addr", addr)})
+        .run(value != nullptr, [&](const TargetProfile &, TargetState &state) {
+            *value = Radio::registerValue(state, addr);
+            return TAVO_RESULT(TAVO_OK);
+        });
+}
+
+TAVO_RESULT AST_CAL_write_abb_reg_r(int handle, uint32_t timeoutMs, uint16_t addr, uint16_t value)
+{
+    return TargetCall("AST_CAL_write_abb_reg_r", handle, timeoutMs, {Input("addr", addr), Input("value", value)})
+        .run(true, [&](const TargetProfile &, TargetState &state) {
+            state.registers.insert(addr, value);
+            return TAVO_RESULT(TAVO_OK);
+        });
+}
 
 TAVO_RESULT TAVO_MISC_GetTADCChannelIndex_r(int handle, uint32_t timeoutMs, uint8_t *channel)
 {
