@@ -1,6 +1,20 @@
 #include "GeneralOperation.h"
 
+#include "ErrorCodeInfo.h"
+
 QString IGeneralOperation::TavoResultText(TAVO_RESULT result)
 {
     return "TAVO_RESULT = " + QString::fromUtf8(TAVO_GetResultText(result));
+}
+
+uint32_t IGeneralOperation::FailWithTavoResult(uint32_t code, TAVO_RESULT result)
+{
+    m_errorMessage = TavoResultText(result);
+    return code;
+}
+
+uint32_t IGeneralOperation::FailDataNotValid()
+{
+    m_errorMessage = kDataNotValidText;
+    return ERROR_CODE_NOT_EXECUTED;
 }

@@ -3,11 +3,14 @@
 #include <QObject>
 #include <QString>
 
+#include <cstdint>
+
 #include "TavoCore.h"
 #include "TavoTargetAccess.h"
 
 // Root of every object that talks to the target: test operations and
-// calibration items. Keeps the text of its last failure.
+// calibration items. Keeps the text of its last failure, which its owner
+// reads after every call (also after success, when it is empty or a report).
 class IGeneralOperation : public QObject {
     Q_OBJECT
 public:
@@ -16,10 +19,19 @@ public:
 
     QString GetErrorMessage() const { return m_errorMessage; }
 
+    // What a download of data that are not valid tells the user.
+    static constexpr const char *kDataNotValidText =
+        "Data is not valid now.\nYou should load it from file or upload it from flash.";
+
 protected:
     int Handle() const { return m_targetAccess.GetHandle(); }
     // "TAVO_RESULT = " and the library's text of `result`.
     static QString TavoResultText(TAVO_RESULT result);
+
+    // Keeps TavoResultText(result) as the error text and gives `code`.
+    uint32_t FailWithTavoResult(uint32_t code, TAVO_RESULT result);
+    // Code 2 with kDataNotValidText.
+    uint32_t FailDataNotValid();
 
     CTavoTargetAccess m_targetAccess;
     QString m_errorMessage;

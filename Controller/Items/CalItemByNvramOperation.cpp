@@ -1,0 +1,51 @@
+#include "CalItemByNvramOperation.h"
+
+#include "ErrorCodeInfo.h"
+
+void ICalItemByNvramOperation::CNvramBatch::Add(const char *lid, uint32_t size, uint8_t *buffer, uint16_t record)
+{
+    m_lids.push_back(lid);
+    m_records.push_back(record);
+    m_sizes.push_back(size);
+    m_buffers.push_back(buffer);
+}
+
+uint32_t ICalItemByNvramOperation::UploadNvramRecords(const BatchBuilder &collect)
+{
+    TAVO_RESULT result = PrepareNvramBuffers();
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_NVRAM_DB_BUFFER, result);
+
+    CNvramBatch batch;
+    collect(batch);
+    result = m_nvramMan.ReadNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),
+                                  batch.m_buffers.data());
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_TAVO_COMMAND_FAILED, result);
+
+    result = DecomposeNvramData();
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_NVRAM_DECOMPOSE, result);
+    return ERROR_CODE_SUCCESS;
+}
+
+uint32_t ICalItemByNvramOperation::DownloadNvramRecords(bool isDataValid, const BatchBuilder &collect)
+{
+    if (!isDataValid)
+        return FailDataNotValid();
+
+    TAVO_RESULT result = PrepareNvramBuffers();
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_NVRAM_DB_BUFFER, result);
+    result = ComposeNvramData();
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_NVRAM_COMPOSE, result);
+
+    CNvramBatch batch;
+    collect(batch);
+    result = m_nvramMan.WriteNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(),
+                                   batch.m_sizes.data(), batch.m_buffers.data());
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_TAVO_COMMAND_FAILED, result);
+    return ERROR_CODE_SUCCESS;
+}
