@@ -7,8 +7,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <cstring>
-
 #include "TavoSimControl.h"
 
 namespace {
@@ -47,42 +45,20 @@ TAVO_RESULT readField(const char *lid, const QByteArray &raw, const char *field,
     return TAVO_NVRAM_GetField(lid, field, raw.constData(), uint32_t(raw.size()), value, size);
 }
 
-/* A record kind's compose and decompose, untyped. */
-struct Codec
-{
-    TAVO_RESULT (*compose)(const void *, void *, uint32_t);
-    TAVO_RESULT (*decompose)(void *, const void *, uint32_t);
-};
-
-template <typename Record>
-Codec codec(TAVO_RESULT (*compose)(const Record *, void *, uint32_t), TAVO_RESULT (*decompose)(Record *, const void *, uint32_t))
-{
-    static decltype(compose) c;
-    static decltype(decompose) d;
-    c = compose;
-    d = decompose;
-    return {[](const void *r, void *raw, uint32_t n) { return c(static_cast<const Record *>(r), raw, n); },
-            [](void *r, const void *raw, uint32_t n) { return d(static_cast<Record *>(r), raw, n); }};
-}
-
-Codec codecOf(const QString &kind)
+/* The compose or decompose of a record kind, on an untyped decoded record. */
+TAVO_RESULT convert(const QString &kind, bool compose, void *r, void *raw, uint32_t n)
 {
     if (kind == "TxDac")
-        return codec(TAVO_NVRAM_ComposeTxDac, TAVO_NVRAM_DecomposeTxDac);
-    if (kind == "TxClpc")
-        return codec(TAVO_NVRAM_ComposeTxClpc, TAVO_NVRAM_DecomposeTxClpc);
-    if (kind == "Pathloss")
-        return codec(TAVO_NVRAM_ComposePathloss, TAVO_NVRAM_DecomposePathloss);
+        return compose ? TAVO_NVRAM_ComposeTxDac(static_cast<TavoTxDacRecord *>(r), raw, n)
+                       : TAVO_NVRAM_DecomposeTxDac(static_cast<TavoTxDacRecord *>(r), raw, n);
     if (kind == "Afc")
-        return codec(TAVO_NVRAM_ComposeAfc, TAVO_NVRAM_DecomposeAfc);
+        return compose ? TAVO_NVRAM_ComposeAfc(static_cast<TavoAfcRecord *>(r), raw, n)
+                       : TAVO_NVRAM_DecomposeAfc(static_cast<TavoAfcRecord *>(r), raw, n);
     if (kind == "Tadc")
-        return codec(TAVO_NVRAM_ComposeTadc, TAVO_NVRAM_DecomposeTadc);
-    return {[](const void *r, void *raw, uint32_t n) {
-                return TAVO_NVRAM_ComposeImei(static_cast<const TavoImeiRecord *>(r), raw, n, true);
-            },
-            [](void *r, const void *raw, uint32_t n) {
-                return TAVO_NVRAM_DecomposeImei(static_cast<TavoImeiRecord *>(r), raw, n);
-            }};
+        return compose ? TAVO_NVRAM_ComposeTadc(static_cast<uint16_t *>(r), raw, n)
+                       : TAVO_NVRAM_DecomposeTadc(static_cast<uint16_t *>(r), raw, n);
+    return compose ? TAVO_NVRAM_ComposeImei(static_cast<TavoImeiRecord *>(r), raw, n, true)
+                   : TAVO_NVRAM_DecomposeImei(static_cast<TavoImeiRecord *>(r), raw, n);
 }
 
 TAVO_RESULT transfer(const QString &call, const char *lid, int number, QByteArray &buffer)
@@ -119,24 +95,15 @@ private slots:
 
     void database_data();
     void database();
-    void fields_data();
-    void fields();
     void codecs_data();
     void codecs();
-    void imeiSeal();
-    void seeds_data();
-    void seeds();
-    void badProfile_data();
-    void badProfile();
+    void profileRecords_data();
+    void profileRecords();
     void transport_data();
     void transport();
-    void integrityCommands_data();
-    void integrityCommands();
     void integrityRecord();
     void fileOutlivesProcess();
     void fileOutlivesReset();
-    void badFile_data();
-    void badFile();
     void unwritableFile();
 };
 
@@ -153,13 +120,7 @@ void tst_SimNvram::database_data()
     QTest::newRow("TX DAC with max PA power") << none << true << kTxDac0 << 0 << 228 << 1;
     QTest::newRow("TX DAC without") << json(R"({"database": {"maxPaPowerBandGroups": [0]}})") << true << kTxDac1
                                     << 0 << 224 << 1;
-    QTest::newRow("TX CLPC") << none << true << "NVRAM_EF_AST_TL1_TXCLPC_BAND40_LID" << 0 << 36 << 1;
-    QTest::newRow("path loss") << none << true << "NVRAM_EF_AST_TL1_PATHLOSS_BAND38_LID" << 0 << 168 << 1;
-    QTest::newRow("AFC") << none << true << "NVRAM_EF_AST_TL1_AFC_DATA_LID" << 0 << 4 << 1;
     QTest::newRow("TADC") << none << true << kTadc << 0 << 18 << 1;
-    QTest::newRow("IMEI") << none << true << kImei << 0 << 20 << 2;
-    QTest::newRow("barcode") << none << true << "NVRAM_EF_BARCODE_NUM_LID" << 0 << 63 << 1;
-    QTest::newRow("GPS co-clock") << none << true << kGps << 0 << 24 << 1;
     QTest::newRow("size set") << json(R"({"database": {"recordSizes": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": 20}}})")
                               << true << kGps << 0 << 20 << 1;
     QTest::newRow("count set") << json(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 11}}})")
@@ -197,48 +158,6 @@ void tst_SimNvram::database()
     }
 }
 
-void tst_SimNvram::fields_data()
-{
-    QTest::addColumn<QJsonObject>("patch");
-    QTest::addColumn<QString>("lid");
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<bool>("exists");
-
-    const QJsonObject none;
-    const QJsonObject groupZero = json(R"({"database": {"maxPaPowerBandGroups": [0]}})");
-    QTest::newRow("max PA power") << groupZero << kTxDac0 << "maxPaPower" << true;
-    QTest::newRow("max PA power, group without") << groupZero << kTxDac1 << "maxPaPower" << false;
-    QTest::newRow("decoded name") << none << kTxDac0 << "maxPower" << false;
-    QTest::newRow("last element") << none << kTxDac0 << "paPower[11]" << true;
-    QTest::newRow("past the last") << none << kTxDac0 << "paPower[12]" << false;
-    QTest::newRow("barcode digit") << none << "NVRAM_EF_BARCODE_NUM_LID" << "nvram_ef_barcode_num[62]" << true;
-    QTest::newRow("field taken away")
-        << json(R"({"database": {"withoutFields": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": ["capId"]}}})") << kCap
-        << "capId" << false;
-    const QJsonObject shortGps = json(R"({"database": {"recordSizes": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": 12}}})");
-    QTest::newRow("within a short record") << shortGps << kGps << "initU" << true;
-    QTest::newRow("beyond a short record") << shortGps << kGps << "lastU" << false;
-}
-
-void tst_SimNvram::fields()
-{
-    QFETCH(QJsonObject, patch);
-    QFETCH(QString, lid);
-    QFETCH(QString, field);
-    QFETCH(bool, exists);
-
-    QVERIFY(useTarget(patch));
-    const QByteArray name = lid.toLatin1();
-    const QByteArray fieldName = field.toLatin1();
-    int flag = -1;
-    QCOMPARE(TAVO_NVRAM_FieldExists(name, fieldName, &flag), TAVO_OK);
-    QCOMPARE(flag, int(exists));
-
-    char value[64] = {};
-    QCOMPARE(readField(name, TavoSim::NvramRecord(lid), fieldName, value, sizeof value),
-             exists ? TAVO_OK : TAVO_ERR_FIELD_NOT_FOUND);
-}
-
 void tst_SimNvram::codecs_data()
 {
     QTest::addColumn<QJsonObject>("patch");
@@ -254,10 +173,6 @@ void tst_SimNvram::codecs_data()
     QTest::newRow("TX DAC") << none << "TxDac" << kTxDac0 << 228 << 228 << "paPower[5]" << 34 << 2;
     QTest::newRow("TX DAC without max PA power") << json(R"({"database": {"maxPaPowerBandGroups": []}})") << "TxDac"
                                                  << kTxDac0 << 228 << 224 << "hysteresisEnd1" << 222 << 2;
-    QTest::newRow("TX CLPC") << none << "TxClpc" << "NVRAM_EF_AST_TL1_TXCLPC_BAND34_LID" << 36 << 36 << "pdPoint[2]"
-                             << 4 << 2;
-    QTest::newRow("path loss") << none << "Pathloss" << "NVRAM_EF_AST_TL1_PATHLOSS_BAND36_LID" << 168 << 168
-                               << "tempLoss[23]" << 166 << 2;
     QTest::newRow("AFC, CAP id untouched") << none << "Afc" << "NVRAM_EF_AST_TL1_AFC_DATA_LID" << 8 << 4
                                            << "slopeInverse" << 2 << 2;
     QTest::newRow("TADC") << none << "Tadc" << kTadc << 16 << 16 << "adc[7]" << 14 << 2;
@@ -278,13 +193,12 @@ void tst_SimNvram::codecs()
     QFETCH(int, width);
 
     QVERIFY(useTarget(patch));
-    const Codec c = codecOf(kind);
     const QByteArray name = lid.toLatin1();
     QByteArray decoded(decodedSize, '\0');
     for (int i = 0; i < decodedSize; ++i)
         decoded[i] = char(i * 37 + 11);
     QByteArray raw(int(recordSize(name)), '\0');
-    QCOMPARE(c.compose(decoded.constData(), raw.data(), uint32_t(raw.size())), TAVO_OK);
+    QCOMPARE(convert(kind, true, decoded.data(), raw.data(), uint32_t(raw.size())), TAVO_OK);
     QVERIFY(raw != decoded.left(raw.size()));
 
     char value[4] = {};
@@ -292,99 +206,54 @@ void tst_SimNvram::codecs()
     QCOMPARE(QByteArray(value, width), decoded.mid(offset, width));
 
     QByteArray back(decodedSize, '\x5a');
-    QCOMPARE(c.decompose(back.data(), raw.constData(), uint32_t(raw.size())), TAVO_OK);
+    QCOMPARE(convert(kind, false, back.data(), raw.data(), uint32_t(raw.size())), TAVO_OK);
     QCOMPARE(back.left(heldSize), decoded.left(heldSize));
     QCOMPARE(back.mid(heldSize), QByteArray(decodedSize - heldSize, '\x5a'));
 
-    QCOMPARE(c.compose(decoded.constData(), raw.data(), uint32_t(heldSize / 2)), TAVO_ERR_BUFFER_TOO_SMALL);
+    QCOMPARE(convert(kind, true, decoded.data(), raw.data(), uint32_t(heldSize / 2)), TAVO_ERR_BUFFER_TOO_SMALL);
 }
 
-void tst_SimNvram::imeiSeal()
+void tst_SimNvram::profileRecords_data()
 {
-    QVERIFY(useTarget({}));
-    TavoImeiRecord record{};
-    std::memcpy(record.imei, "3520990017614823", 16);
-    QByteArray raw(int(recordSize(kImei)), '\0');
-    QCOMPARE(TAVO_NVRAM_ComposeImei(&record, raw.data(), uint32_t(raw.size()), true), TAVO_OK);
-    quint16 checksum = 0;
-    QCOMPARE(readField(kImei, raw, "checksum", &checksum, sizeof checksum), TAVO_OK);
-    int sum = 0;
-    for (int i = 0; i < 18; ++i)
-        sum += uchar(raw[i]);
-    QCOMPARE(int(checksum), sum);
-
-    record.imei[0] = '9';
-    QCOMPARE(TAVO_NVRAM_ComposeImei(&record, raw.data(), uint32_t(raw.size()), false), TAVO_OK);
-    quint16 kept = 0;
-    QCOMPARE(readField(kImei, raw, "checksum", &kept, sizeof kept), TAVO_OK);
-    QCOMPARE(kept, checksum);
-    QCOMPARE(raw.at(0), '9');
-}
-
-void tst_SimNvram::seeds_data()
-{
-    QTest::addColumn<QJsonObject>("patch");
+    QTest::addColumn<QByteArray>("records"); /* nvram.records */
     QTest::addColumn<QString>("lid");
     QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<int>("value"); /* read as a signed 16-bit element, or one byte for U8 */
+    QTest::addColumn<QString>("field"); /* read as a signed 16-bit element, or one character */
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("error");
 
-    const QJsonObject none;
-    const QJsonObject tadc = json(R"({"nvram": {"records": {"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [1, 2]}}}})");
-    QTest::newRow("software default") << none << kTadc << 1 << "adc[2]" << 480;
-    QTest::newRow("seeded element") << tadc << kTadc << 1 << "adc[1]" << 2;
-    QTest::newRow("default past the seed") << tadc << kTadc << 1 << "adc[2]" << 480;
-    QTest::newRow("negative") << json(R"({"nvram": {"records": {"NVRAM_EF_AST_TL1_TXDAC_BAND34_LID": {"paPower": [-5]}}}})")
-                              << kTxDac1 << 1 << "paPower[0]" << -5;
-    QTest::newRow("second record, text")
-        << json(R"({"nvram": {"records": {"NVRAM_EF_IMEI_IMEISV_LID": [{}, {"imei": "1234"}]}}})") << kImei << 2
-        << "imei[3]" << int('4');
+    const QByteArray tadc = R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [1, 2]}})";
+    QTest::newRow("seeded element") << tadc << kTadc << 1 << "adc[1]" << 2 << "";
+    QTest::newRow("second record, text") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {"imei": "1234"}]})")
+                                         << kImei << 2 << "imei[3]" << int('4') << "";
+    QTest::newRow("unknown field") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"x": 1}})") << "" << 0 << ""
+                                   << 0 << "NVRAM_EF_AST_TL1_TEMP_DAC_LID.x: a Tadc record has no such field";
+    QTest::newRow("value out of range") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [70000]}})")
+                                        << "" << 0 << "" << 0 << "adc: expected up to 8 integers from -32768 to 65535";
+    QTest::newRow("too many records") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {}, {}]})") << "" << 0
+                                      << "" << 0 << "the LID has 2 record(s)";
 }
 
-void tst_SimNvram::seeds()
+void tst_SimNvram::profileRecords()
 {
-    QFETCH(QJsonObject, patch);
+    QFETCH(QByteArray, records);
     QFETCH(QString, lid);
     QFETCH(int, number);
     QFETCH(QString, field);
     QFETCH(int, value);
+    QFETCH(QString, error);
 
-    QVERIFY(useTarget(patch));
+    QString problem;
+    const QJsonObject patch{{"nvram", QJsonObject{{"records", json(records)}}}};
+    QCOMPARE(TavoSim::PatchProfile(patch, &problem), error.isEmpty());
+    QVERIFY2(problem.contains(error), qPrintable(problem));
+    if (!error.isEmpty())
+        return;
+    TavoSim::LoadDatabase();
     qint16 element = 0;
     QCOMPARE(readField(lid.toLatin1(), TavoSim::NvramRecord(lid, number), field.toLatin1(), &element, sizeof element),
              TAVO_OK);
     QCOMPARE(field.startsWith("imei") ? int(char(element)) : int(element), value);
-}
-
-void tst_SimNvram::badProfile_data()
-{
-    QTest::addColumn<QJsonObject>("patch");
-    QTest::addColumn<QString>("error");
-
-    QTest::newRow("unknown LID") << json(R"({"nvram": {"records": {"NVRAM_EF_X_LID": {}}}})")
-                                 << "nvram.records.NVRAM_EF_X_LID: not a LID of the database";
-    QTest::newRow("unknown field") << json(R"({"nvram": {"records": {"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"x": 1}}}})")
-                                   << "NVRAM_EF_AST_TL1_TEMP_DAC_LID.x: a Tadc record has no such field";
-    QTest::newRow("value out of range")
-        << json(R"({"nvram": {"records": {"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [70000]}}}})")
-        << "adc: expected up to 8 integers from -32768 to 65535";
-    QTest::newRow("too many records")
-        << json(R"({"nvram": {"records": {"NVRAM_EF_IMEI_IMEISV_LID": [{}, {}, {}]}}})") << "the LID has 2 record(s)";
-    QTest::newRow("seed of a LID taken away")
-        << json(R"({"database": {"withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]},
-                    "nvram": {"records": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"capId": 1}}}})")
-        << "not a LID of the database";
-    QTest::newRow("integrity") << json(R"({"nvram": {"integrity": "sometimes"}})") << "nvram.integrity: expected one of";
-}
-
-void tst_SimNvram::badProfile()
-{
-    QFETCH(QJsonObject, patch);
-    QFETCH(QString, error);
-
-    QString problem;
-    QVERIFY(!TavoSim::PatchProfile(patch, &problem));
-    QVERIFY2(problem.contains(error), qPrintable(problem));
 }
 
 void tst_SimNvram::transport_data()
@@ -397,16 +266,11 @@ void tst_SimNvram::transport_data()
     QTest::addColumn<bool>("fault");
     QTest::addColumn<int>("result");
 
-    QTest::newRow("read") << "default" << "read" << kTadc << 1 << 0 << false << 0;
     QTest::newRow("read, larger buffer") << "default" << "read" << kTadc << 1 << 4 << false << 0;
     QTest::newRow("read, smaller buffer") << "default" << "read" << kTadc << 1 << -1 << false
                                           << int(TAVO_ERR_BUFFER_TOO_SMALL);
     QTest::newRow("read, no such record") << "default" << "read" << kTadc << 2 << 0 << false
                                           << int(TAVO_ERR_INVALID_ARGUMENT);
-    QTest::newRow("read, no such LID") << "default" << "read" << "NVRAM_EF_X_LID" << 1 << 18 << false
-                                       << int(TAVO_ERR_LID_NOT_FOUND);
-    QTest::newRow("write") << "default" << "write" << kImei << 2 << 0 << false << 0;
-    QTest::newRow("write, larger buffer") << "default" << "write" << kImei << 2 << 3 << false << 0;
     QTest::newRow("write, smaller buffer") << "default" << "write" << kImei << 2 << -1 << false
                                            << int(TAVO_ERR_BUFFER_TOO_SMALL);
     QTest::newRow("write fails") << "default" << "write" << kImei << 1 << 0 << true << int(TAVO_ERR_FAILED);
@@ -414,7 +278,6 @@ void tst_SimNvram::transport_data()
                                               << int(TAVO_ERR_NOT_SUPPORTED);
     QTest::newRow("3GPP write on a C2K modem") << "c2k-modem" << "write" << kTadc << 1 << 0 << false
                                                << int(TAVO_ERR_NOT_SUPPORTED);
-    QTest::newRow("C2K read") << "c2k-modem" << "c2kRead" << kTadc << 1 << 0 << false << 0;
     QTest::newRow("C2K write") << "c2k-modem" << "c2kWrite" << kTadc << 1 << 0 << false << 0;
 }
 
@@ -453,35 +316,6 @@ void tst_SimNvram::transport()
         QCOMPARE(after, before);
         QCOMPARE(buffer, result == TAVO_OK ? before + QByteArray(extra, '\x5a') : sent);
     }
-}
-
-void tst_SimNvram::integrityCommands_data()
-{
-    QTest::addColumn<QString>("integrity");
-    QTest::addColumn<QStringList>("offered");
-
-    const QStringList ex{"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", "TAVO_MISC_CalDataIntegrity_StopRec_Ex_r"};
-    const QStringList plain{"TAVO_MISC_CalDataIntegrity_StartRec_r", "TAVO_MISC_CalDataIntegrity_StopRec_r"};
-    QTest::newRow("ex") << "ex" << ex + plain;
-    QTest::newRow("plain") << "plain" << plain;
-    QTest::newRow("none") << "none" << QStringList();
-}
-
-void tst_SimNvram::integrityCommands()
-{
-    QFETCH(QString, integrity);
-    QFETCH(QStringList, offered);
-
-    QVERIFY(useTarget({{"nvram", QJsonObject{{"integrity", integrity}}}}));
-    for (const char *command : {"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", "TAVO_MISC_CalDataIntegrity_StopRec_Ex_r",
-                                "TAVO_MISC_CalDataIntegrity_StartRec_r", "TAVO_MISC_CalDataIntegrity_StopRec_r"}) {
-        const TAVO_RESULT expected = offered.contains(command) ? TAVO_OK : TAVO_ERR_NOT_SUPPORTED;
-        QCOMPARE(TAVO_QueryAPISupported_r(0, 10000, command), expected);
-    }
-    uint32_t status = 0;
-    QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), offered.isEmpty() ? TAVO_ERR_NOT_SUPPORTED : TAVO_OK);
-    QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_Ex_r(0, 10000, &status),
-             integrity == "ex" ? TAVO_OK : TAVO_ERR_NOT_SUPPORTED);
 }
 
 /* The record counts the writes between start and stop, and is never nested. */
@@ -553,32 +387,6 @@ void tst_SimNvram::fileOutlivesReset()
     QVERIFY(TavoSim::SetNvramFile(QString()));
     QVERIFY(TavoSim::LoadProfile("default"));
     QCOMPARE(TavoSim::NvramRecord(kGps), profileGps);
-}
-
-void tst_SimNvram::badFile_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("error");
-
-    QTest::newRow("not JSON") << QByteArray("{") << "not JSON";
-    QTest::newRow("another format") << QByteArray(R"({"format": "x"})") << "not a TavoSim NVRAM file";
-    QTest::newRow("bad hex") << QByteArray(R"({"format": "TavoSim NVRAM", "records": {"L": {"1": "0g"}}})")
-                             << "records.L.1: expected a record number and hex bytes";
-}
-
-void tst_SimNvram::badFile()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QString, error);
-
-    QTemporaryDir dir;
-    QFile file(dir.filePath("nvram.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-    file.close();
-    QString problem;
-    QVERIFY(!TavoSim::SetNvramFile(file.fileName(), &problem));
-    QVERIFY2(problem.contains(error), qPrintable(problem));
-    QVERIFY(TavoSim::NvramFile().isEmpty());
 }
 
 /* A write the file cannot keep fails and leaves the record as it was. */
