@@ -10,7 +10,14 @@
 
 #include "ErrorCodeInfo.h"
 #include "ItemInfo.h"
+#include "JsonPath.h"
+#include "Items/TdscdmaBBReg.h"
+#include "Items/TdscdmaContRx.h"
+#include "Items/TdscdmaContTx.h"
+#include "Items/TdscdmaDpchTx.h"
 #include "Items/TdscdmaRfInit.h"
+#include "Items/TdscdmaRssi.h"
+#include "Items/TdscdmaTestStop.h"
 #include "Items/TdscdmaTadc.h"
 #include "Items/TdscdmaTpcV3.h"
 #include "RadbenchResources.h"
@@ -27,6 +34,12 @@ const QString kRequestUarfcn = "cmdIf.request.group1.memberProperty.uarfcn.trait
 const QString kConfigBand = "calDataIf.config.group1.memberProperty.band.trait.value";
 
 constexpr int kTdscdmaWorldModeBit = 1;
+
+// The channel of a continuous test's request, cut to 16 bits.
+uint16_t Uarfcn(QJsonObject &request)
+{
+    return uint16_t(GetJsonValue(request, "cmdIf.request.group1.memberValue.uarfcn").toString().toUInt(nullptr, 10));
+}
 
 } // namespace
 
@@ -56,7 +69,13 @@ CTdscdmaCore::~CTdscdmaCore()
     delete m_tpcObj;
     delete m_tpcV3Obj;
     delete m_tadcObj;
+    delete m_testStopObj;
+    delete m_contTxObj;
     delete m_rfInitObj;
+    delete m_contRxObj;
+    delete m_dpchTxObj;
+    delete m_rssiObj;
+    delete m_bbRegObj;
 }
 
 void CTdscdmaCore::CreateItems()
@@ -66,7 +85,13 @@ void CTdscdmaCore::CreateItems()
     m_tadcObj = new CTdscdmaTadc;
     m_calItemMap = BuildCalItemMap();
     m_pageItemMap = BuildPageItemMap();
+    m_testStopObj = new CTdscdmaTestStop;
+    m_contTxObj = new CTdscdmaContTx;
     m_rfInitObj = new CTdscdmaRfInit;
+    m_contRxObj = new CTdscdmaContRx;
+    m_dpchTxObj = new CTdscdmaDpchTx;
+    m_rssiObj = new CTdscdmaRssi;
+    m_bbRegObj = new CTdscdmaBBReg;
 }
 
 QString CTdscdmaCore::GetCalItemName(int id) { return CalItemInfo(id).name; }
@@ -302,9 +327,20 @@ void CTdscdmaCore::TestInternal(QString item, std::string request)
     int code = ERROR_CODE_NOT_EXECUTED;
     std::string resultModel;
     try {
-        const QJsonObject requestModel = QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
-        Q_UNUSED(requestModel);
+        QJsonObject requestModel = QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
         switch (PageItemId(item)) {
+        case PAGE_ITEM_CONT_TX:
+            code = m_contTxObj->TxOn(Uarfcn(requestModel));
+            break;
+        case PAGE_ITEM_CONT_RX:
+            code = m_contRxObj->RxOn(Uarfcn(requestModel));
+            break;
+        case PAGE_ITEM_DPCH_TX:
+            code = m_dpchTxObj->Start(m_cmdBuilder.GetDpchTxCmd(requestModel));
+            break;
+        case PAGE_ITEM_RSSI:
+            code = RssiTest(requestModel, resultModel);
+            break;
         default: // pages whose test has no operation end as not executed
             break;
         }
@@ -334,15 +370,69 @@ void CTdscdmaCore::TestStopInternal(QString item, std::string request)
     int code = ERROR_CODE_NOT_EXECUTED;
     QString message;
     try {
-        Q_UNUSED(request);
-        switch (PageItemId(item)) {
-        default: // no stop operation yet: the stop did not run
-            break;
+        const int id = item.isEmpty() ? -1 : PageItemId(item);
+        if (id == PAGE_ITEM_CONT_TX || id == PAGE_ITEM_CONT_RX) {
+            // The target stops a continuous test on the channel it runs on.
+            QJsonObject requestModel = QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
+            IGeneralOperation *operation = id == PAGE_ITEM_CONT_TX ? static_cast<IGeneralOperation *>(m_contTxObj)
+                                                                   : m_contRxObj;
+            code = id == PAGE_ITEM_CONT_TX ? m_contTxObj->TxOff(Uarfcn(requestModel))
+                                           : m_contRxObj->RxOff(Uarfcn(requestModel));
+            message = operation->GetErrorMessage();
+        } else {
+            code = m_testStopObj->Stop();
+            message = m_testStopObj->GetErrorMessage();
         }
     } catch (...) {
         code = ERROR_CODE_NOT_EXECUTED;
     }
     emit Signal_TestStopDone(SEachItemOperationResult{item, code, message});
+}
+
+int CTdscdmaCore::RssiTest(const QJsonObject &request, std::string &resultModel)
+{
+    const SRssiCmd cmd = m_cmdBuilder.GetRssiCmd(request);
+    SRssiResult result;
+    const bool extended = m_tdscdmaCapObj.IsAgcExSupported();
+    const int code = extended ? m_rssiObj->MeasureEx(cmd, result) : m_rssiObj->Measure(cmd, result);
+    if (code != ERROR_CODE_SUCCESS) {
+        m_errorMessage = m_rssiObj->GetErrorMessage();
+        return code;
+    }
+    resultModel = m_responseBuilder.UpdateRssiResult(request, extended, result);
+    return code;
+}
+
+// ---- Baseband registers --------------------------------------------------------
+
+void CTdscdmaCore::RegRead(std::string request)
+{
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::RegReadInternal, request);
+    m_errorMessage.clear();
+}
+
+void CTdscdmaCore::RegWrite(std::string request)
+{
+    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, &CTdscdmaCore::RegWriteInternal, request);
+    m_errorMessage.clear();
+}
+
+void CTdscdmaCore::RegReadInternal(std::string request)
+{
+    const QJsonObject model = QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
+    uint16_t value = 0;
+    const int code = m_bbRegObj->Read(m_cmdBuilder.GetRegReadAddr(model), value);
+    const std::string resultModel = code == ERROR_CODE_SUCCESS ? m_responseBuilder.UpdateRegisterResult(model, value)
+                                                               : std::string();
+    emit Signal_RegReadDone(SEachItemOperationResult{QString(), code, QString()}, resultModel);
+}
+
+void CTdscdmaCore::RegWriteInternal(std::string request)
+{
+    const QJsonObject model = QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
+    const int code = m_bbRegObj->Write(m_cmdBuilder.GetRegWriteCmd(model));
+    emit Signal_RegWriteDone(SEachItemOperationResult{QString(), code, QString()},
+                             code == ERROR_CODE_SUCCESS ? request : std::string());
 }
 
 // ---- Calibration data --------------------------------------------------------

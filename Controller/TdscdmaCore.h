@@ -4,9 +4,17 @@
 
 #include "Interface/CoreInterface.h"
 #include "Items/TdscdmaUbinMode.h"
+#include "TdscdmaCoreCmdBuilder.h"
 #include "TdscdmaDataModelCapUpdater.h"
+#include "TdscdmaDataModelResponseBuilder.h"
 
+class CTdscdmaBBReg;
+class CTdscdmaContRx;
+class CTdscdmaContTx;
+class CTdscdmaDpchTx;
 class CTdscdmaRfInit;
+class CTdscdmaRssi;
+class CTdscdmaTestStop;
 class CTdscdmaTadc;
 class CTdscdmaTpc;
 class CTdscdmaTpcV3;
@@ -47,6 +55,9 @@ public:
 
     // Arms (true) or releases (false) the target; ends in Signal_SetUbinDone.
     void SetUbin(bool enable);
+    // Baseband register access; ends in Signal_RegReadDone or Signal_RegWriteDone.
+    void RegRead(std::string request);
+    void RegWrite(std::string request);
     // False only when the target serves all calibration data over layer 1.
     bool IsNeedDb();
 
@@ -66,6 +77,10 @@ private:
     void SetUbinInternal(bool enable);
     void TestInternal(QString item, std::string request);
     void TestStopInternal(QString item, std::string request);
+    void RegReadInternal(std::string request);
+    void RegWriteInternal(std::string request);
+    // The RSSI measure of a request; the answer goes into `resultModel`.
+    int RssiTest(const QJsonObject &request, std::string &resultModel);
     // Every item of the running movement ends with the code of a movement
     // that did not run, and the movement's done signal is returned.
     void EndMovementWithoutItems();
@@ -79,6 +94,14 @@ private:
     CTdscdmaTadc *m_tadcObj = nullptr;
     CTdscdmaUbinMode m_ubinObj;
     QMap<QString, int> m_pageItemMap;
+    CTdscdmaTestStop *m_testStopObj = nullptr;
+    CTdscdmaContTx *m_contTxObj = nullptr;
     CTdscdmaRfInit *m_rfInitObj = nullptr;
+    CTdscdmaContRx *m_contRxObj = nullptr;
+    CTdscdmaDpchTx *m_dpchTxObj = nullptr;
+    CTdscdmaRssi *m_rssiObj = nullptr;
+    CTdscdmaBBReg *m_bbRegObj = nullptr;
     CTdscdmaDataModelCapUpdater m_capUpdater;
+    CTdscdmaDataModelResponseBuilder m_responseBuilder;
+    CTdscdmaCoreCmdBuilder m_cmdBuilder;
 };

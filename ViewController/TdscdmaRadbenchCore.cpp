@@ -226,3 +226,34 @@ void CTdscdmaRadbenchCore::Slot_TestStopDone(SEachItemOperationResult itemResult
     EndRun(&CTdscdmaCore::Signal_TestStopDone, &CTdscdmaRadbenchCore::Slot_TestStopDone);
     emit Signal_TestStopDone(itemResult);
 }
+
+// ---- Baseband registers ----------------------------------------------------------
+
+void CTdscdmaRadbenchCore::RegRead(std::string model) { Run(&CTdscdmaRadbenchCore::RegReadInternal, model); }
+void CTdscdmaRadbenchCore::RegWrite(std::string model) { Run(&CTdscdmaRadbenchCore::RegWriteInternal, model); }
+
+void CTdscdmaRadbenchCore::RegReadInternal(std::string model)
+{
+    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+    connect(core, &CTdscdmaCore::Signal_RegReadDone, this, &CTdscdmaRadbenchCore::Slot_RegReadDone);
+    core->RegRead(model);
+}
+
+void CTdscdmaRadbenchCore::RegWriteInternal(std::string model)
+{
+    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+    connect(core, &CTdscdmaCore::Signal_RegWriteDone, this, &CTdscdmaRadbenchCore::Slot_RegWriteDone);
+    core->RegWrite(model);
+}
+
+void CTdscdmaRadbenchCore::Slot_RegReadDone(SEachItemOperationResult result, std::string resultModel)
+{
+    EndRun(&CTdscdmaCore::Signal_RegReadDone, &CTdscdmaRadbenchCore::Slot_RegReadDone);
+    emit Signal_RegReadDone(result, resultModel);
+}
+
+void CTdscdmaRadbenchCore::Slot_RegWriteDone(SEachItemOperationResult result, std::string resultModel)
+{
+    EndRun(&CTdscdmaCore::Signal_RegWriteDone, &CTdscdmaRadbenchCore::Slot_RegWriteDone);
+    emit Signal_RegWriteDone(result, resultModel);
+}

@@ -51,6 +51,10 @@ public:
     void ContRxTestStop(std::string model);
     void TestStop();
 
+    // Baseband registers.
+    void RegRead(std::string model);
+    void RegWrite(std::string model);
+
 signals:
     void Signal_SetUbinDone(SEachItemOperationResult itemResult);
     void Signal_GetInitPageListDone(QStringList pageList);
@@ -72,6 +76,8 @@ signals:
     void Signal_TadcMeasureDone(SEachItemOperationResult result, std::string resultModel);
     void Signal_AfcTestDone(SEachItemOperationResult result);
     void Signal_TestStopDone(SEachItemOperationResult result);
+    void Signal_RegReadDone(SEachItemOperationResult result, std::string resultModel);
+    void Signal_RegWriteDone(SEachItemOperationResult result, std::string resultModel);
 
 private slots:
     void Slot_SetUbinDone(SEachItemOperationResult itemResult);
@@ -82,6 +88,8 @@ private slots:
     void Slot_TadcMeasureDone(SEachItemOperationResult result, std::string resultModel);
     void Slot_AfcTestDone(SEachItemOperationResult result);
     void Slot_TestStopDone(SEachItemOperationResult itemResult);
+    void Slot_RegReadDone(SEachItemOperationResult result, std::string resultModel);
+    void Slot_RegWriteDone(SEachItemOperationResult result, std::string resultModel);
 
 private:
     using ModelSignal = void (CTdscdmaRadbenchCore::*)(std::string);
@@ -97,6 +105,8 @@ private:
     void TadcMeasureInternal(std::string model);
     void AfcTestInternal(std::string model);
     void TestStopInternal(QString item, std::string model);
+    void RegReadInternal(std::string model);
+    void RegWriteInternal(std::string model);
 
     // Starts `internal` in the global pool and keeps its handle.
     template <typename Function, typename... Args>

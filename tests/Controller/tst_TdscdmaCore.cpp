@@ -43,7 +43,6 @@ private slots:
     void supportItemsFollowStatusAndCapability();
     void testOfPageWithoutOperationEndsNotExecuted_data();
     void testOfPageWithoutOperationEndsNotExecuted();
-    void stopWithoutOperationEndsNotExecuted();
     void itemMapsGiveZeroForUnknownNames();
 };
 
@@ -200,20 +199,6 @@ void TestTdscdmaCore::testOfPageWithoutOperationEndsNotExecuted()
     QCOMPARE(results[0].itemName, item);
     QCOMPARE(results[0].errorCode, 2);
     QVERIFY(TavoSim::CallLog().isEmpty());
-}
-
-void TestTdscdmaCore::stopWithoutOperationEndsNotExecuted()
-{
-    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    QObject receiver;
-    QVector<SEachItemOperationResult> results;
-    connect(core, &CTdscdmaCore::Signal_TestStopDone, &receiver,
-            [&results](SEachItemOperationResult result) { results << result; });
-    core->TestStop();
-    core->TestStopByItem("Continuous TX", R"({"cmdIf":{}})");
-    QTRY_COMPARE(results.size(), 2);
-    for (const SEachItemOperationResult &result : results)
-        QCOMPARE(result.errorCode, 2);
 }
 
 void TestTdscdmaCore::itemMapsGiveZeroForUnknownNames()
