@@ -20,7 +20,11 @@ CHostOptions::CHostOptions()
       m_nvramOption(QStringLiteral("nvram"),
                     QStringLiteral("Keep what is written to the target's NVRAM in <file>, so that it is "
                                    "still there on the next run."),
-                    QStringLiteral("file"))
+                    QStringLiteral("file")),
+      m_pageOption(QStringLiteral("page"),
+                   QStringLiteral("With --screenshot: bring the tool's page titled <title> to the front "
+                                  "before the picture is taken."),
+                   QStringLiteral("title"))
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Loads a Tavo tool plug-in and runs it against the simulated target."));
@@ -30,6 +34,7 @@ CHostOptions::CHostOptions()
     m_parser.addOption(m_screenshotOption);
     m_parser.addOption(m_timeoutOption);
     m_parser.addOption(m_nvramOption);
+    m_parser.addOption(m_pageOption);
 }
 
 CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
@@ -50,6 +55,7 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     profile = m_parser.value(m_profileOption);
     screenshotFile = m_parser.value(m_screenshotOption);
     nvramFile = m_parser.value(m_nvramOption);
+    page = m_parser.value(m_pageOption);
 
     bool ok = false;
     const QString timeoutText = m_parser.value(m_timeoutOption);

@@ -20,6 +20,7 @@ public:
     QString pluginPath;     /* empty: search the executable's folder */
     QString profile = QStringLiteral("default");
     QString screenshotFile; /* empty: interactive */
+    QString page;           /* with --screenshot: the page to bring to the front */
     QString nvramFile;      /* empty: the target's NVRAM lives as long as the host */
     int timeoutSec = 60;
 
@@ -30,5 +31,6 @@ private:
     QCommandLineOption m_screenshotOption;
     QCommandLineOption m_timeoutOption;
     QCommandLineOption m_nvramOption;
+    QCommandLineOption m_pageOption;
     QString m_error;
 };

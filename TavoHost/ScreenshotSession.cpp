@@ -1,6 +1,7 @@
 #include "ScreenshotSession.h"
 
 #include <QDir>
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
@@ -54,6 +55,22 @@ void CScreenshotSession::Start()
 
 void CScreenshotSession::Save(QWidget *toolWindow)
 {
+    if (!m_page.isEmpty()) {
+        QDockWidget *page = nullptr;
+        for (QDockWidget *dock : toolWindow->findChildren<QDockWidget *>()) {
+            if (dock->windowTitle() == m_page)
+                page = dock;
+        }
+        if (!page) {
+            Finish(Failed, QStringLiteral("the tool has no page \"%1\"").arg(m_page));
+            return;
+        }
+        page->raise();
+        m_page.clear();
+        // Let the page come to the front and paint before the picture.
+        QTimer::singleShot(300, this, [this, toolWindow] { Save(toolWindow); });
+        return;
+    }
     const QPixmap picture = toolWindow->grab();
     if (picture.isNull()) {
         Finish(Failed, QStringLiteral("could not grab the tool window"));

@@ -19,6 +19,8 @@ public:
     CScreenshotSession(CPluginHost *host, const QString &file, int timeoutMs, QObject *parent = nullptr);
 
     void SetIgnoredWindow(QWidget *window) { m_ignored = window; }
+    /* The page (a dock widget by its title) to bring to the front first. */
+    void SetPage(const QString &title) { m_page = title; }
     /* Launches the tool. Signal_Finished follows, once, from the event loop. */
     void Start();
 
@@ -35,4 +37,5 @@ private:
     int m_timeoutMs;
     QPointer<QWidget> m_ignored;
     CToolReadiness *m_readiness = nullptr;
+    QString m_page;
 };

@@ -44,6 +44,9 @@ void TestHostRun::run_data()
 
     QTest::newRow("never ready") << shot + QStringList{"--timeout", "1"} << "never-enabled" << 2 << "" << ""
                                  << "tool not ready after 1 s";
+    QTest::newRow("a page the tool does not have")
+        << shot + QStringList{"--page", "No such page"} << "supported" << 1 << "" << ""
+        << "the tool has no page \"No such page\"";
     QTest::newRow("unsupported") << shot << "unsupported" << 3 << "" << "" << FakeTool::kUnsupportedReason;
     QTest::newRow("bad metadata")
         << QStringList{"--plugin", FAKE_TOOL_BAD_META_PATH, "--screenshot", "{dir}/shot.png"} << "supported" << 1
