@@ -30,6 +30,14 @@ const QString kDashes(75, '-');
 
 CAutoBindingDataModelDockWidget::CAutoBindingDataModelDockWidget(QWidget *parent) : QDockWidget(parent) {}
 
+CAutoBindingDataModelDockWidget::~CAutoBindingDataModelDockWidget()
+{
+    // Qt deletes the widgets after this part of the page is gone; a field
+    // that loses the focus on the way must not reach a check of this page.
+    for (QObject *child : findChildren<QObject *>())
+        QObject::disconnect(child, nullptr, this, nullptr);
+}
+
 bool CAutoBindingDataModelDockWidget::event(QEvent *e)
 {
     switch (e->type()) {

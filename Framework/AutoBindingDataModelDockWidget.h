@@ -31,6 +31,7 @@ class CAutoBindingDataModelDockWidget : public QDockWidget {
     Q_OBJECT
 public:
     explicit CAutoBindingDataModelDockWidget(QWidget *parent = nullptr);
+    ~CAutoBindingDataModelDockWidget() override;
 
     virtual QWidget *GetWidgetRoot() = 0;
     // 0 for a page of a cmdIf model, 1 for a page of calibration data.
