@@ -4,6 +4,11 @@
 #include <QThreadPool>
 
 #include "AutoBindingDataModelDockWidget.h"
+#include "Platform/PortableCriticalSection.h"
+
+// The plug-in's one lock lives as long as the library is loaded; naming it
+// here keeps it in the library.
+__attribute__((used)) static CLockableObject *const s_pluginLock = &g_pluginCriticalSection;
 
 TdscdmaRadbenchPluginInterface::TdscdmaRadbenchPluginInterface() : m_form(nullptr)
 {
