@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <optional>
+#include <type_traits>
 
 #include "JsonPath.h"
 #include "ModelBinding.h"
@@ -303,6 +304,35 @@ void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *wid
     }
 }
 
+template <typename Box, typename Range>
+void CAutoBindingDataModelDockWidget::InitSpinCells(QTableWidget *table, int row, int columns, const Range &range,
+                                                    const QJsonArray &values, const QJsonValue &rangeCheck,
+                                                    bool enabled, int decimals)
+{
+    for (int c = 0; c < columns; ++c) {
+        auto *cell = new Box;
+        cell->setMaximum(range.max);
+        cell->setMinimum(range.min);
+        if constexpr (std::is_same_v<Box, QDoubleSpinBox>)
+            cell->setDecimals(decimals);
+        else
+            Q_UNUSED(decimals);
+        cell->setToolTip(range.ToolTip());
+        cell->setValue(range.Clamp(Range::Parse(EntryOrLast(values, c).toString())));
+        cell->setFont(CellFont());
+        cell->setEnabled(enabled);
+        cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
+        table->setCellWidget(row, c, cell);
+        if (IsJsonValueDefined(rangeCheck)) {
+            cell->setToolTip(rangeCheck.toString());
+            if constexpr (std::is_same_v<Box, QDoubleSpinBox>)
+                connect(cell, &Box::editingFinished, this, &CAutoBindingDataModelDockWidget::Slot_PointRangeCheck);
+            else
+                connect(cell, &Box::editingFinished, this, &CAutoBindingDataModelDockWidget::Slot_RangeCheck);
+        }
+    }
+}
+
 QStringList CAutoBindingDataModelDockWidget::SupportedRows(const QJsonObject &memberProperty,
                                                           const QJsonArray &memberList)
 {
@@ -371,8 +401,7 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
 
         if (dataType.contains("Range") || dataType.contains("range")) {
             const QJsonObject space = ResolveValueObject(member, traitObject).toObject();
-            if (dataType == "pointRange") {
-                const DoubleRange range = DoubleRangeOf(space);
+            if (dataType == "pointRange" || dataType == "range") {
                 QJsonArray values = defaults;
                 const QJsonValue rangeCheck = space.value("rangeCheck");
                 if (IsJsonValueDefined(rangeCheck)) {
@@ -382,54 +411,16 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                         values = QJsonArray{space.value("value")};
                     }
                 }
-                int decimals = 5;
-                if (IsJsonValueDefined(space.value("decimals"))) {
-                    decimals = space.value("decimals").toInt();
-                    qDebug() << "== Has the decimals setting <--- " << decimals;
-                }
-                for (int c = 0; c < columns; ++c) {
-                    auto *cell = new QDoubleSpinBox;
-                    cell->setMaximum(range.max);
-                    cell->setMinimum(range.min);
-                    cell->setDecimals(decimals);
-                    cell->setToolTip(range.ToolTip());
-                    cell->setValue(range.Clamp(EntryOrLast(values, c).toString().toDouble()));
-                    cell->setFont(CellFont());
-                    cell->setEnabled(enabled);
-                    cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
-                    table->setCellWidget(r, c, cell);
-                    if (IsJsonValueDefined(rangeCheck)) {
-                        cell->setToolTip(rangeCheck.toString());
-                        connect(cell, &QDoubleSpinBox::editingFinished, this,
-                                &CAutoBindingDataModelDockWidget::Slot_PointRangeCheck);
+                if (dataType == "range") {
+                    InitSpinCells<QSpinBox>(table, r, columns, IntRangeOf(space), values, rangeCheck, enabled, 0);
+                } else {
+                    int decimals = 5;
+                    if (IsJsonValueDefined(space.value("decimals"))) {
+                        decimals = space.value("decimals").toInt();
+                        qDebug() << "== Has the decimals setting <--- " << decimals;
                     }
-                }
-            } else if (dataType == "range") {
-                const IntRange range = IntRangeOf(space);
-                QJsonArray values = defaults;
-                const QJsonValue rangeCheck = space.value("rangeCheck");
-                if (IsJsonValueDefined(rangeCheck)) {
-                    qDebug() << "== Has the rangeCheck <--- " << rangeCheck;
-                    if (IsJsonValueDefined(space.value("value"))) {
-                        qDebug() << "== Has the value and rangeCheck <--- ";
-                        values = QJsonArray{space.value("value")};
-                    }
-                }
-                for (int c = 0; c < columns; ++c) {
-                    auto *cell = new QSpinBox;
-                    cell->setMaximum(range.max);
-                    cell->setMinimum(range.min);
-                    cell->setToolTip(range.ToolTip());
-                    cell->setValue(range.Clamp(ToIntBase10(EntryOrLast(values, c).toString())));
-                    cell->setFont(CellFont());
-                    cell->setEnabled(enabled);
-                    cell->setButtonSymbols(QAbstractSpinBox::NoButtons);
-                    table->setCellWidget(r, c, cell);
-                    if (IsJsonValueDefined(rangeCheck)) {
-                        cell->setToolTip(rangeCheck.toString());
-                        connect(cell, &QSpinBox::editingFinished, this,
-                                &CAutoBindingDataModelDockWidget::Slot_RangeCheck);
-                    }
+                    InitSpinCells<QDoubleSpinBox>(table, r, columns, DoubleRangeOf(space), values, rangeCheck, enabled,
+                                                  decimals);
                 }
             } else if (dataType == "unsignedRange") {
                 for (int c = 0; c < columns; ++c)

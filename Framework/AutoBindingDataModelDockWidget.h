@@ -113,6 +113,21 @@ protected:
     CMessageBoxMan m_messageBox;
 
 private:
+    // What distinguishes the walk of value relevance from that of status
+    // relevance: the keys it follows, the operations it calls, its trace.
+    struct SRelevanceWalk;
+    void WalkRelevance(const SRelevanceWalk &walk, const QString &currentText);
+    // The spin box cells of one table row: limits, tool tip, value (the
+    // entry of `values` for the column, or its last), check.
+    template <typename Box, typename Range>
+    void InitSpinCells(QTableWidget *table, int row, int columns, const Range &range, const QJsonArray &values,
+                       const QJsonValue &rangeCheck, bool enabled, int decimals);
+    // The same cells after a new value space: the value kept where it is
+    // still valid on a calibration page, else the middle or the forced value.
+    template <typename Box, typename Range>
+    void RecomputeSpinCells(QTableWidget *table, int row, int columns, const Range &range, const QJsonArray &defaults,
+                            const QJsonValue &rangeCheck, const QJsonValue &forced);
+
     // The bound widget of a full path, the first in the page's widget tree.
     QWidget *FindBoundWidget(const QString &path) const;
     // The members of a table group that are supported, in memberList order.

@@ -29,74 +29,90 @@ void CAutoBindingDataModelDockWidget::Slot_CheckBoxEnableStatusChange(int state)
     Slot_EnableStatusChange(state == Qt::Checked ? "true" : "false");
 }
 
+struct CAutoBindingDataModelDockWidget::SRelevanceWalk {
+    const char *publishList;   // the publisher's list of subscribers
+    const char *subscribeList; // a subscriber's list of members that form its key
+    bool needsEnabledPublisher;
+    void (CAutoBindingDataModelDockWidget::*type1)(QString, QString);
+    void (CAutoBindingDataModelDockWidget::*type3)(QString, QString);
+    // The trace, in walk order.
+    const char *start, *key, *listLog, *current, *groupType, *hasSubscribeList, *keyLog, *fail, *done;
+};
+
 void CAutoBindingDataModelDockWidget::Slot_ValueChange(QString currentText)
 {
-    qDebug() << "============ [Start][Value Relevance] CurrentText  =========== " << currentText;
-    if (currentText.isEmpty())
-        return;
-    auto *publisher = qobject_cast<QWidget *>(sender());
-    if (!publisher || !publisher->isEnabled() || !publisher->isVisible())
-        return;
-    qDebug() << "---> [Value Relevance] Key  <--- " << currentText;
-    const QJsonValue member = GetJsonValueConst(m_model, PathOf(publisher->objectName()));
-    const QJsonArray list = member.toObject().value("publishValueList").toArray();
-    if (IsJsonValueDefined(member))
-        qDebug() << "---> [Value Relevance] Publish Value List <--- " << list << "count: " << list.size();
-    for (int i = 0; i < list.size() && i < 255; ++i) {
-        const QString path = ExpandModelPath(list[i].toString());
-        qDebug() << "---> [Value Relevance] ====== Current Publish Value ====== <--- " << path;
-        const int groupType = GetGroupType(path);
-        qDebug() << "---> [Value Relevance] GroupType <--- " << groupType;
-        QString key = currentText;
-        const QJsonArray subscribeList = GetJsonValueConst(m_model, path + ".subscribeValueList").toArray();
-        if (!subscribeList.isEmpty()) {
-            key = RebuildKeyFromWidgets(subscribeList, m_model);
-            qDebug() << "---> [Value Relevance][type1] Has the subscribeValueList <--- " << subscribeList;
-        }
-        qDebug() << "---> [Value Relevance][type1] Key <--- " << key;
-        if (groupType == 1)
-            ValueRelevanceType1(path, key);
-        else if (groupType == 3)
-            ValueRelevanceType3(path, key);
-        else
-            qCritical() << "---> [Fail][Value Relevance] Not support this group type yet <--- ";
-    }
-    qDebug() << "============ [Done][Value Relevance] =========== ";
+    static const SRelevanceWalk walk{
+        "publishValueList",
+        ".subscribeValueList",
+        true,
+        &CAutoBindingDataModelDockWidget::ValueRelevanceType1,
+        &CAutoBindingDataModelDockWidget::ValueRelevanceType3,
+        "============ [Start][Value Relevance] CurrentText  =========== ",
+        "---> [Value Relevance] Key  <--- ",
+        "---> [Value Relevance] Publish Value List <--- ",
+        "---> [Value Relevance] ====== Current Publish Value ====== <--- ",
+        "---> [Value Relevance] GroupType <--- ",
+        "---> [Value Relevance][type1] Has the subscribeValueList <--- ",
+        "---> [Value Relevance][type1] Key <--- ",
+        "---> [Fail][Value Relevance] Not support this group type yet <--- ",
+        "============ [Done][Value Relevance] =========== "};
+    WalkRelevance(walk, currentText);
 }
 
 void CAutoBindingDataModelDockWidget::Slot_EnableStatusChange(QString currentText)
 {
-    qDebug() << "============ [Start][Status Relevance] CurrentText =========== " << currentText;
+    // A disabled publisher still passes its state on: only visibility counts.
+    static const SRelevanceWalk walk{
+        "publishEnableStatusList",
+        ".subscribeEnableStatusList",
+        false,
+        &CAutoBindingDataModelDockWidget::StatusRelevanceType1,
+        &CAutoBindingDataModelDockWidget::StatusRelevanceType3,
+        "============ [Start][Status Relevance] CurrentText =========== ",
+        "---> [Status Relevance] Key  <--- ",
+        "---> [Status Relevance] Publish Value List <--- ",
+        "====== [Status Relevance] Current Publish Value ====== ",
+        "---> [Status Relevance] GroupType <--- ",
+        "---> [Status Relevance][type1] Has the subscribeEnableStatusList <--- ",
+        "---> [Status Relevance][type1] Key <--- ",
+        "---> [Fail][Status Relevance] Not support this group type yet <--- ",
+        "============ [Done][Status Relevance] =========== "};
+    WalkRelevance(walk, currentText);
+}
+
+void CAutoBindingDataModelDockWidget::WalkRelevance(const SRelevanceWalk &walk, const QString &currentText)
+{
+    qDebug() << walk.start << currentText;
     if (currentText.isEmpty())
-        return;
+        return; // a combo box being cleared says nothing
     auto *publisher = qobject_cast<QWidget *>(sender());
-    if (!publisher || !publisher->isVisible())
+    if (!publisher || !publisher->isVisible() || (walk.needsEnabledPublisher && !publisher->isEnabled()))
         return;
-    qDebug() << "---> [Status Relevance] Key  <--- " << currentText;
+    qDebug() << walk.key << currentText;
     const QJsonValue member = GetJsonValueConst(m_model, PathOf(publisher->objectName()));
-    const QJsonArray list = member.toObject().value("publishEnableStatusList").toArray();
+    const QJsonArray list = member.toObject().value(walk.publishList).toArray();
     if (IsJsonValueDefined(member))
-        qDebug() << "---> [Status Relevance] Publish Value List <--- " << list << "count: " << list.size();
+        qDebug() << walk.listLog << list << "count: " << list.size();
     for (int i = 0; i < list.size() && i < 255; ++i) {
         const QString path = ExpandModelPath(list[i].toString());
-        qDebug() << "====== [Status Relevance] Current Publish Value ====== " << path;
+        qDebug() << walk.current << path;
         const int groupType = GetGroupType(path);
-        qDebug() << "---> [Status Relevance] GroupType <--- " << groupType;
+        qDebug() << walk.groupType << groupType;
         QString key = currentText;
-        const QJsonArray subscribeList = GetJsonValueConst(m_model, path + ".subscribeEnableStatusList").toArray();
+        const QJsonArray subscribeList = GetJsonValueConst(m_model, path + walk.subscribeList).toArray();
         if (!subscribeList.isEmpty()) {
             key = RebuildKeyFromWidgets(subscribeList, m_model);
-            qDebug() << "---> [Status Relevance][type1] Has the subscribeEnableStatusList <--- " << subscribeList;
+            qDebug() << walk.hasSubscribeList << subscribeList;
         }
-        qDebug() << "---> [Status Relevance][type1] Key <--- " << key;
+        qDebug() << walk.keyLog << key;
         if (groupType == 1)
-            StatusRelevanceType1(path, key);
+            (this->*walk.type1)(path, key);
         else if (groupType == 3)
-            StatusRelevanceType3(path, key);
+            (this->*walk.type3)(path, key);
         else
-            qCritical() << "---> [Fail][Status Relevance] Not support this group type yet <--- ";
+            qCritical() << walk.fail;
     }
-    qDebug() << "============ [Done][Status Relevance] =========== ";
+    qDebug() << walk.done;
 }
 
 namespace {
@@ -292,6 +308,32 @@ QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &pat
     return table;
 }
 
+template <typename Box, typename Range>
+void CAutoBindingDataModelDockWidget::RecomputeSpinCells(QTableWidget *table, int row, int columns,
+                                                         const Range &range, const QJsonArray &defaults,
+                                                         const QJsonValue &rangeCheck, const QJsonValue &forced)
+{
+    const bool calData = m_isCalDataPage != 0;
+    for (int c = 0; c < columns; ++c) {
+        auto *cell = qobject_cast<Box *>(table->cellWidget(row, c));
+        if (!cell)
+            continue;
+        const auto value =
+            calData ? range.Clamp(Range::Parse(EntryOrLast(defaults, c).toString())) : range.Middle();
+        cell->setMaximum(range.max);
+        cell->setMinimum(range.min);
+        cell->setToolTip(range.ToolTip());
+        cell->setValue(value);
+        qDebug() << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
+        // Here the forced value goes with the check, unlike in a type 1 field.
+        if (IsJsonValueDefined(rangeCheck)) {
+            if (IsJsonValueDefined(forced) && !calData)
+                cell->setValue(Range::Parse(forced.toString()));
+            cell->setToolTip(rangeCheck.toString());
+        }
+    }
+}
+
 void CAutoBindingDataModelDockWidget::ValueRelevanceType3(QString path, QString key)
 {
     int row = 0;
@@ -323,57 +365,18 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType3(QString path, QString 
     const QJsonArray defaults = trait.toObject().value("defaultValue").toArray();
     const QJsonValue rangeCheck = space.value("rangeCheck");
     const QJsonValue forced = space.value("value");
-    const bool calData = m_isCalDataPage != 0;
-    const bool checked = IsJsonValueDefined(rangeCheck);
-    const bool takeForced = checked && IsJsonValueDefined(forced) && !calData;
 
-    if (dataType == "range") {
-        qDebug() << "---> [Value Relevance][type3] Spin Box <---";
-        if (checked)
+    if (dataType == "range" || dataType == "pointRange") {
+        qDebug() << (dataType == "range" ? "---> [Value Relevance][type3] Spin Box <---"
+                                         : "---> [Value Relevance][type3] Double Spin Box <---");
+        if (IsJsonValueDefined(rangeCheck))
             qDebug() << "---> [Value Relevance][type3] Has the range check <---";
-        if (takeForced)
+        if (IsJsonValueDefined(rangeCheck) && IsJsonValueDefined(forced) && m_isCalDataPage == 0)
             qDebug() << "---> [Value Relevance][type3] Has the value in valuePair <---";
-        const IntRange range = IntRangeOf(space);
-        for (int c = 0; c < columns; ++c) {
-            auto *cell = qobject_cast<QSpinBox *>(table->cellWidget(row, c));
-            if (!cell)
-                continue;
-            const int value = calData ? range.Clamp(ToIntBase10(EntryOrLast(defaults, c).toString())) : range.Middle();
-            cell->setMaximum(range.max);
-            cell->setMinimum(range.min);
-            cell->setToolTip(range.ToolTip());
-            cell->setValue(value);
-            qDebug() << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
-            if (checked) {
-                if (takeForced)
-                    cell->setValue(ToIntBase10(forced.toString()));
-                cell->setToolTip(rangeCheck.toString());
-            }
-        }
-    } else if (dataType == "pointRange") {
-        qDebug() << "---> [Value Relevance][type3] Double Spin Box <---";
-        if (checked)
-            qDebug() << "---> [Value Relevance][type3] Has the range check <---";
-        if (takeForced)
-            qDebug() << "---> [Value Relevance][type3] Has the value in valuePair <---";
-        const DoubleRange range = DoubleRangeOf(space);
-        for (int c = 0; c < columns; ++c) {
-            auto *cell = qobject_cast<QDoubleSpinBox *>(table->cellWidget(row, c));
-            if (!cell)
-                continue;
-            const double value =
-                calData ? range.Clamp(EntryOrLast(defaults, c).toString().toDouble()) : range.Middle();
-            cell->setMaximum(range.max);
-            cell->setMinimum(range.min);
-            cell->setToolTip(range.ToolTip());
-            cell->setValue(value);
-            qDebug() << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
-            if (checked) {
-                if (takeForced)
-                    cell->setValue(forced.toString().toDouble());
-                cell->setToolTip(rangeCheck.toString());
-            }
-        }
+        if (dataType == "range")
+            RecomputeSpinCells<QSpinBox>(table, row, columns, IntRangeOf(space), defaults, rangeCheck, forced);
+        else
+            RecomputeSpinCells<QDoubleSpinBox>(table, row, columns, DoubleRangeOf(space), defaults, rangeCheck, forced);
     } else {
         qCritical() << "---> [Fail][Value Relevance][type3] Not support this data type yet" << dataType;
     }

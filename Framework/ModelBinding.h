@@ -48,6 +48,7 @@ QJsonValue EntryOrLast(const QJsonArray &array, int index);
 // The min and max of a value space, with the value a field takes when its
 // own is outside them: the middle, truncated toward 0.
 struct IntRange {
+    static int Parse(const QString &text) { return ToIntBase10(text); }
     int min = 0;
     int max = 0;
     int Middle() const { return int((qint64(min) + max) / 2); }
@@ -55,6 +56,7 @@ struct IntRange {
     QString ToolTip() const { return QString("%1~%2").arg(min).arg(max); }
 };
 struct DoubleRange {
+    static double Parse(const QString &text) { return text.toDouble(); }
     double min = 0;
     double max = 0;
     double Middle() const { return (min + max) * 0.5; }
