@@ -64,6 +64,24 @@ uint16_t dspPowerWord(const TargetProfile &p, double dbm)
     return uint16_t(std::max(0L, std::lround(dbm + 100)));
 }
 
+/* An AGC measure; `writeRssi` stores the level in the command's own unit. */
+template <typename WriteRssi>
+TAVO_RESULT agcMeasure(const char *call, int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac,
+                       uint32_t mode, uint8_t gain, uint8_t agcTracking, bool hasRssi, uint16_t *dspPower,
+                       uint8_t *usedGain, WriteRssi writeRssi)
+{
+    return TargetCall(call, handle, timeoutMs, agcInputs(uarfcn, afcDac, mode, gain, agcTracking))
+        .run(hasRssi && dspPower && usedGain && mode <= 7, [&](const TargetProfile &p, TargetState &state) {
+            if (state.radio.activity == RadioState::ContinuousTx || state.radio.activity == RadioState::DpchTx)
+                return TAVO_RESULT(TAVO_ERR_BUSY);
+            const Radio::Measure m = Radio::measure(uarfcn, mode, gain, agcTracking);
+            writeRssi(m.rssiDbm);
+            *dspPower = dspPowerWord(p, m.dspPowerDbm);
+            *usedGain = m.usedGain;
+            return TAVO_RESULT(TAVO_OK);
+        });
+}
+
 } // namespace
 
 extern "C" {
@@ -103,31 +121,16 @@ TAVO_RESULT AST_CAL_apc_start_ex_r(int handle, uint32_t timeoutMs, uint16_t uarf
 TAVO_RESULT AST_CAL_agc_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t mode,
                           uint8_t gain, uint8_t agcTracking, int8_t *rssi, uint16_t *dspPower, uint8_t *usedGain)
 {
-    return TargetCall("AST_CAL_agc_r", handle, timeoutMs, agcInputs(uarfcn, afcDac, mode, gain, agcTracking))
-        .run(rssi && dspPower && usedGain && mode <= 7, [&](const TargetProfile &p, TargetState &state) {
-            if (state.radio.activity == RadioState::ContinuousTx || state.radio.activity == RadioState::DpchTx)
-                return TAVO_RESULT(TAVO_ERR_BUSY);
-            const Radio::Measure m = Radio::measure(uarfcn, mode, gain, agcTracking);
-            *rssi = int8_t(std::lround(m.rssiDbm));
-            *dspPower = dspPowerWord(p, m.dspPowerDbm);
-            *usedGain = m.usedGain;
-            return TAVO_RESULT(TAVO_OK);
-        });
+    return agcMeasure("AST_CAL_agc_r", handle, timeoutMs, uarfcn, afcDac, mode, gain, agcTracking, rssi != nullptr,
+                      dspPower, usedGain, [rssi](double dbm) { *rssi = int8_t(std::lround(dbm)); });
 }
 
 TAVO_RESULT AST_CAL_agc_ex_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t mode,
                              uint8_t gain, uint8_t agcTracking, int16_t *rssiEx, uint16_t *dspPower, uint8_t *usedGain)
 {
-    return TargetCall("AST_CAL_agc_ex_r", handle, timeoutMs, agcInputs(uarfcn, afcDac, mode, gain, agcTracking))
-        .run(rssiEx && dspPower && usedGain && mode <= 7, [&](const TargetProfile &p, TargetState &state) {
-            if (state.radio.activity == RadioState::ContinuousTx || state.radio.activity == RadioState::DpchTx)
-                return TAVO_RESULT(TAVO_ERR_BUSY);
-            const Radio::Measure m = Radio::measure(uarfcn, mode, gain, agcTracking);
-            *rssiEx = int16_t(std::lround(m.rssiDbm * 8));
-            *dspPower = dspPowerWord(p, m.dspPowerDbm);
-            *usedGain = m.usedGain;
-            return TAVO_RESULT(TAVO_OK);
-        });
+    return agcMeasure("AST_CAL_agc_ex_r", handle, timeoutMs, uarfcn, afcDac, mode, gain, agcTracking,
+                      rssiEx != nullptr, dspPower, usedGain,
+                      [rssiEx](double dbm) { *rssiEx = int16_t(std::lround(dbm * 8)); });
 }
 
 TAVO_RESULT AST_CAL_afc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn, uint16_t afcDac, uint32_t paMode,
