@@ -266,6 +266,7 @@ void TestCalItemBase::rfChipId_data()
     QTest::newRow("TD-SCDMA 10, no name") << Json(R"({"chipId": {"rf": 10}})") << "tdscdma" << "";
     QTest::newRow("TD-SCDMA 33") << Json(R"({"chipId": {"rf": 33}})") << "tdscdma" << "Unknown";
     QTest::newRow("GSM") << QJsonObject() << "gsm" << "GSM_RF_ID_RFG3";
+    QTest::newRow("FDD") << QJsonObject() << "fdd" << "FDD_RF_ID_RFW2";
     QTest::newRow("LTE") << QJsonObject() << "lte" << "LTE_RF_ID_RFL5";
 }
 
