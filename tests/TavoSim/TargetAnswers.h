@@ -26,18 +26,12 @@ inline quint32 u32At(const QByteArray &b, int offset)
     return quint32(p[0]) | quint32(p[1]) << 8 | quint32(p[2]) << 16 | quint32(p[3]) << 24;
 }
 
-inline quint16 u16At(const QByteArray &b, int offset)
-{
-    const auto *p = reinterpret_cast<const uchar *>(b.constData()) + offset;
-    return quint16(p[0] | p[1] << 8);
-}
-
 /* A valid capability word carrying `value`. */
 constexpr quint32 validWord(quint32 value) { return value << 2 | 1u; }
 
-/* Records by the names the tests use: "option" (u32 option word), "chipId"
- * (u16 chip, u16 RF chip), "capability" (u32 flags, u32 bands), "rfCapability",
- * "multiRat", "lte", "gsmEx3", "gsmEx2", "gsmRfId", "fddRfId" (u32 each). */
+/* Records by the names the tests use: "chipId" (u16 chip, u16 RF chip),
+ * "capability" (u32 flags, u32 bands), "rfCapability", "multiRat", "lte",
+ * "gsmEx3", "gsmEx2". */
 inline Answer fetch(const QString &record)
 {
     Answer a;
@@ -45,14 +39,11 @@ inline Answer fetch(const QString &record)
         a.bytes = QByteArray(size, kUntouched);
         return a.bytes.data();
     };
-    auto words = [&](int count) { return reinterpret_cast<uint32_t *>(buffer(4 * count)); };
-    if (record == QLatin1String("option")) {
-        a.result = TAVO_Util_QueryTargetOptionInfo(0, 10000, words(1));
-    } else if (record == QLatin1String("chipId")) {
+    if (record == QLatin1String("chipId")) {
         auto *ids = reinterpret_cast<uint16_t *>(buffer(4));
         a.result = AST_CAL_get_chipid_r(0, 10000, ids, ids + 1);
     } else if (record == QLatin1String("capability")) {
-        uint32_t *w = words(2);
+        auto *w = reinterpret_cast<uint32_t *>(buffer(8));
         a.result = AST_CAL_get_capability_r(0, 10000, w, w + 1);
     } else if (record == QLatin1String("rfCapability")) {
         a.result = AST_GetRfCapability_r(0, 10000, buffer(48), 48);
@@ -67,10 +58,6 @@ inline Answer fetch(const QString &record)
         a.result = TAVO_Rf_QueryMSCapabilityEx3_r(0, 10000, req, sizeof req, buffer(124), 124);
     } else if (record == QLatin1String("gsmEx2")) {
         a.result = TAVO_Rf_QueryMSCapabilityEx2_r(0, 10000, buffer(8), 8);
-    } else if (record == QLatin1String("gsmRfId")) {
-        a.result = TAVO_Rf_GetRFID_r(0, 10000, words(1));
-    } else if (record == QLatin1String("fddRfId")) {
-        a.result = TAVO_3Grf_GetRFID_r(0, 10000, words(1));
     }
     return a;
 }

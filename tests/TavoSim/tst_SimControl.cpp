@@ -38,14 +38,12 @@ private slots:
     void failureHasNoSideEffect();
     void profileFaults();
     void resetRestoresPowerOn();
-    void latency_data();
-    void latency();
+    void latencyOfEveryCall();
     void latencyHoldsNoLock();
     void callLog();
     void resultTexts_data();
     void resultTexts();
     void overriddenResultText();
-    void rfIdTexts();
     void concurrentUse();
 };
 
@@ -55,7 +53,6 @@ void tst_SimControl::faultSchedule_data()
     QTest::addColumn<QList<int>>("results"); /* of five calls */
     QTest::newRow("once") << QList<int>{1, 1, 0} << QList<int>{1, 0, 0, 0, 0};
     QTest::newRow("always") << QList<int>{2, -1, 0} << QList<int>{2, 2, 2, 2, 2};
-    QTest::newRow("after two") << QList<int>{6, 1, 2} << QList<int>{0, 0, 6, 0, 0};
     QTest::newRow("twice after one") << QList<int>{6, 2, 1} << QList<int>{0, 6, 6, 0, 0};
     QTest::newRow("count 0 arms nothing") << QList<int>{1, 0, 0} << QList<int>{0, 0, 0, 0, 0};
     QTest::newRow("two in arming order") << QList<int>{1, 1, 0, 6, 1, 0} << QList<int>{1, 6, 0, 0, 0};
@@ -87,7 +84,6 @@ void tst_SimControl::failureHasNoSideEffect_data()
     QTest::newRow("handle 1") << "handle" << int(TAVO_ERR_NOT_CONNECTED);
     QTest::newRow("mode 2") << "mode" << int(TAVO_ERR_INVALID_ARGUMENT);
     QTest::newRow("withheld") << "withheld" << int(TAVO_ERR_NOT_SUPPORTED);
-    QTest::newRow("target without Ubin") << "legacy" << int(TAVO_ERR_NOT_SUPPORTED);
 }
 
 void tst_SimControl::failureHasNoSideEffect()
@@ -113,13 +109,10 @@ void tst_SimControl::failureHasNoSideEffect()
     } else if (how == "withheld") {
         QVERIFY(TavoSim::PatchProfile({{"commands", QJsonObject{{"withheld", QJsonArray{kUbin}}}}}));
         result = setUbin(1);
-    } else if (how == "legacy") {
-        QVERIFY(TavoSim::LoadProfile("legacy-v1"));
-        result = setUbin(1);
     }
     QTEST(int(result), "result");
     QVERIFY(!TavoSim::IsUbinEnabled());
-    if (how == "withheld" || how == "legacy")
+    if (how == "withheld")
         return;
     QCOMPARE(setUbin(1), TAVO_OK);
     QVERIFY(TavoSim::IsUbinEnabled());
@@ -163,27 +156,14 @@ void tst_SimControl::resetRestoresPowerOn()
     QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("default"));
 }
 
-void tst_SimControl::latency_data()
+/* "*" delays every call, a connection call without a time-out too. */
+void tst_SimControl::latencyOfEveryCall()
 {
-    QTest::addColumn<QString>("delayed");
-    QTest::addColumn<QString>("call");
-    QTest::newRow("own") << kReset << kReset;
-    QTest::newRow("all") << "*" << kReset;
-    QTest::newRow("all, connection call") << "*" << "TavoConn_GetMdActiveIdx";
-}
-
-void tst_SimControl::latency()
-{
-    QFETCH(QString, delayed);
-    QFETCH(QString, call);
-    TavoSim::SetLatency(delayed, 200);
+    TavoSim::SetLatency("*", 200);
     QElapsedTimer timer;
     timer.start();
     int index = 0;
-    if (call == kReset)
-        QCOMPARE(AST_CAL_tl1_reset_r(0, 10000), TAVO_OK);
-    else
-        QCOMPARE(TavoConn_GetMdActiveIdx(0, &index), TAVO_OK);
+    QCOMPARE(TavoConn_GetMdActiveIdx(0, &index), TAVO_OK);
     QVERIFY2(timer.elapsed() >= 200, qPrintable(QString::number(timer.elapsed())));
 }
 
@@ -257,8 +237,6 @@ void tst_SimControl::resultTexts_data()
 {
     QTest::addColumn<int>("result");
     QTest::addColumn<QByteArray>("start");
-    QTest::newRow("success") << int(TAVO_OK) << QByteArray("TAVO_OK: ");
-    QTest::newRow("time-out") << int(TAVO_ERR_TIMEOUT) << QByteArray("TAVO_ERR_TIMEOUT: ");
     QTest::newRow("last known code") << int(TAVO_ERR_BUFFER_TOO_SMALL) << QByteArray("TAVO_ERR_BUFFER_TOO_SMALL: ");
     QTest::newRow("unknown code") << 4711 << QByteArray("TAVO_RESULT 4711: ");
     QTest::newRow("negative code") << -3 << QByteArray("TAVO_RESULT -3: ");
@@ -287,14 +265,6 @@ void tst_SimControl::overriddenResultText()
     QVERIFY(QByteArray(TAVO_GetResultText(TAVO_ERR_BUSY)).startsWith("TAVO_ERR_BUSY"));
     TavoSim::SetResultText(TAVO_ERR_TIMEOUT, QString());
     QCOMPARE(QByteArray(TAVO_GetResultText(TAVO_ERR_TIMEOUT)), QByteArray(own));
-}
-
-void tst_SimControl::rfIdTexts()
-{
-    for (auto text : {TAVO_Rf_GetRfIdText, TAVO_3Grf_GetRfIdText, TAVO_ERf_GetRfIdText}) {
-        QCOMPARE(QByteArray(text(1000)), QByteArray("Unknown"));
-        QVERIFY(text(1) && QByteArray(text(1)) != "Unknown" && *text(1));
-    }
 }
 
 /* Callers on several threads while another one rearms faults, changes texts
