@@ -1,12 +1,8 @@
 #include <QtTest>
 
-#include <QTemporaryDir>
-
-#include <clocale>
 #include <vector>
 
 #include "CalTextConverters.h"
-#include "TIniFile.h"
 
 // Buffers are heap blocks of exactly the size a function may use, so that the
 // sanitizer build catches a byte written behind them.
@@ -21,7 +17,6 @@ private slots:
     void binaryToHexText();
     void hexTextToBinary_data();
     void hexTextToBinary();
-    void numbersIgnoreTheUserLocale();
 };
 
 namespace {
@@ -164,30 +159,6 @@ void TestConverters::hexTextToBinary()
     QCOMPARE(HexTextToBinary(text.constData(), text.size(), target.data(), capacity), ok);
     QCOMPARE(QByteArray(reinterpret_cast<const char *>(target.data()), capacity),
              written + QByteArray(capacity - written.size(), '\xEE'));
-}
-
-void TestConverters::numbersIgnoreTheUserLocale()
-{
-    const QByteArray previous = std::setlocale(LC_NUMERIC, nullptr);
-    if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8") && !std::setlocale(LC_NUMERIC, "fr_FR.UTF-8"))
-        QSKIP("no locale with a decimal comma is installed");
-
-    char text[16];
-    const double values[] = {1.5, 2.25};
-    FormatDoubleList(text, values, 2, ',', 2);
-    double parsed[2] = {};
-    ParseDoubleList("1.5,2.25", parsed, 2);
-    QTemporaryDir dir;
-    TIniFile file(dir.path() + "/locale.ini");
-    file.WriteDouble("S", "K", 0.5);
-    const std::string written = file.ReadString("S", "K", "");
-    const double read = file.ReadDouble("S", "K", 0.0);
-    std::setlocale(LC_NUMERIC, previous.constData());
-
-    QCOMPARE(QByteArray(text), QByteArray("1.50,2.25"));
-    QCOMPARE(parsed[1], 2.25);
-    QCOMPARE(written, std::string("0.500000"));
-    QCOMPARE(read, 0.5);
 }
 
 QTEST_GUILESS_MAIN(TestConverters)

@@ -29,7 +29,6 @@ void TestResultPresentation::errorRowLookup_data()
     QTest::addColumn<QString>("message");
 
     QTest::newRow("success") << 0 << 0 << 0 << "Operation is successful.";
-    QTest::newRow("not executed") << 2 << 2 << 0 << "Operation does not execute yet.";
     QTest::newRow("L1 status, trailing blank") << 203 << 203 << 2 << "L1 Status code != SUCCESS ";
     QTest::newRow("gap between rows") << 7 << 206 << 2 << "Run calibration library flow failed.";
     QTest::newRow("negative") << -1 << 206 << 2 << "Run calibration library flow failed.";
