@@ -1,8 +1,6 @@
 #include <QDockWidget>
 #include <QJsonArray>
-#include <QLibrary>
 #include <QPluginLoader>
-#include <QTabBar>
 #include <QtTest>
 
 #include "SimScope.h"
@@ -33,12 +31,8 @@ private slots:
     void cleanup() { m_plugin->HideTool(); }
 
     void metadataDescribesTheTool();
-    void oneInstancePerProcess();
-    void castsToItsInterfaces();
     void launchRequirement_data();
     void launchRequirement();
-    void pagesOfEachSupportedTarget_data();
-    void pagesOfEachSupportedTarget();
     void showHideAndBusyReachTheHost();
     void resetWhileHiddenRebuildsOnNextShow();
 
@@ -73,31 +67,7 @@ void TestPluginInterface::metadataDescribesTheTool()
     const QJsonObject expected{
         {"type", "RF"}, {"name", "TDSCDMA Radbench"}, {"version", "0.1"}, {"dependencies", QJsonArray()}};
     QCOMPARE(metaData.value("MetaData").toObject(), expected);
-}
-
-void TestPluginInterface::oneInstancePerProcess()
-{
-    QCOMPARE(m_loader.instance(), m_loader.instance());
-
-    QLibrary library(RADBENCH_PLUGIN_PATH);
-    using InstanceFunction = QObject *(*)();
-    auto instance = reinterpret_cast<InstanceFunction>(library.resolve("qt_plugin_instance"));
-    QVERIFY(instance);
-    QCOMPARE(instance(), instance());
-    QCOMPARE(instance(), m_loader.instance());
-    QVERIFY(library.resolve("qt_plugin_query_metadata"));
-}
-
-void TestPluginInterface::castsToItsInterfaces()
-{
-    QObject *object = m_loader.instance();
-    QVERIFY(object->qt_metacast("TdscdmaRadbenchPluginInterface"));
-    QVERIFY(object->qt_metacast("TavoPluginInterface"));
-    QCOMPARE(object->qt_metacast("com.halvorex.Tavo.TavoToolPlugin"),
-             static_cast<void *>(qobject_cast<TavoPluginInterface *>(object)));
     QCOMPARE(m_plugin->GetPluginName(), QString("TDSCDMA Radbench"));
-    QCOMPARE(m_plugin->GetPluginOption(), QString());
-    QVERIFY(m_plugin->HandleHostCommand(1, 2));
 }
 
 void TestPluginInterface::launchRequirement_data()
@@ -107,55 +77,13 @@ void TestPluginInterface::launchRequirement_data()
     QTest::addColumn<QString>("unsupportReason");
     QTest::addColumn<bool>("isNeedDb");
 
+    // Every status and reason of each profile: tests/Controller/tst_TdscdmaCore.
     QTest::newRow("fully capable") << "default" << true << "" << true;
     QTest::newRow("everything over layer 1") << "modern-l1" << true << "" << false;
-    QTest::newRow("C2K modem") << "c2k-modem" << false << "It is C2K modem now." << false;
-    QTest::newRow("no TD-SCDMA in the world mode")
-        << "no-tdscdma" << false << "Not support this RAT from SW multi-RAT world mode ID info." << false;
-    QTest::newRow("failed query") << "query-failure" << false
-                                  << "We cannot get its support status: Failed to get multi-RAT world mode ID info."
-                                  << false;
-    QTest::newRow("RF chip id 0") << "rf-chip-id-zero" << false
-                                  << "Support this RAT but its RF ID is unknown status." << false;
-    QTest::newRow("world mode of GSM, no structure version") << "legacy-v1" << true << "" << true;
-    QTest::newRow("structure version 1") << "v1-pathloss-v2" << true << "" << true;
-    QTest::newRow("nothing tells of TD-SCDMA")
-        << "bare" << false << "Not Support due to without any this RAT info from SW." << false;
-    QTest::newRow("capability query fails")
-        << "capability-failure" << false << "Support this RAT but it failed to get its capability info." << false;
-}
-
-void TestPluginInterface::pagesOfEachSupportedTarget_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<QStringList>("tabs");
-
-    const QStringList tests{"RSSI", "PathLoss", "Continuous RX", "Continuous TX", "DPCH TX", "Baseband Register"};
-    QTest::newRow("default") << "default"
-                             << QStringList{"AFC Control", "Temperature ADC"} + tests + QStringList{"TPC Profile"};
-    QTest::newRow("everything over layer 1: no TADC page")
-        << "modern-l1" << QStringList{"AFC Control"} + tests + QStringList{"TPC Profile"};
-    QTest::newRow("legacy-v1") << "legacy-v1"
-                               << QStringList{"AFC Control", "Temperature ADC"} + tests + QStringList{"TPC Profile"};
-}
-
-void TestPluginInterface::pagesOfEachSupportedTarget()
-{
-    QFETCH(QString, profile);
-    QFETCH(QStringList, tabs);
-
-    SimScope sim(profile);
-    QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
-    m_plugin->ShowTool();
-    QWidget *window = ToolWindow();
-    QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == tabs.size());
-    // The window keeps the tab bars of earlier pages; the one in use has tabs.
-    QStringList shown;
-    for (QTabBar *tabBar : window->findChildren<QTabBar *>()) {
-        for (int i = 0; i < tabBar->count(); ++i)
-            shown << tabBar->tabText(i);
-    }
-    QCOMPARE(shown, tabs);
+    QTest::newRow("not supported") << "c2k-modem" << false << "It is C2K modem now." << false;
+    QTest::newRow("support unknown") << "query-failure" << false
+                                     << "We cannot get its support status: Failed to get multi-RAT world mode ID info."
+                                     << false;
 }
 
 void TestPluginInterface::launchRequirement()

@@ -47,30 +47,13 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void windowSetUp();
     void firstShowArmsTheTargetAndBuildsThePages();
     void repeatedShowOnlyReArms();
     void armingFailureShowsTheErrorAndBuildsNothing_data();
     void armingFailureShowsTheErrorAndBuildsNothing();
     void closeReleasesTheTarget_data();
     void closeReleasesTheTarget();
-    void resetForgetsPagesAndCapability();
-    void hideTellsTheHostTheToolIsInactive();
 };
-
-void TestTdscdmaRadbenchForm::windowSetUp()
-{
-    CTdscdmaRadbenchForm form;
-    QCOMPARE(form.objectName(), QString("CTdscdmaRadbenchForm"));
-    QCOMPARE(form.windowTitle(), QString("TDSCDMA Radbench"));
-    QCOMPARE(form.size(), QSize(1040, 822));
-    QCOMPARE(form.font().family(), QString("Arial"));
-    QVERIFY(!form.centralWidget());
-    QVERIFY(form.findChild<QStatusBar *>("statusbar"));
-    QVERIFY(QMetaType::type("CTdscdmaBBRegDockWidget*") != QMetaType::UnknownType);
-    QVERIFY(QMetaType::type("SEachItemOperationResult") != QMetaType::UnknownType);
-    QVERIFY(QMetaType::type("std::string") != QMetaType::UnknownType);
-}
 
 void TestTdscdmaRadbenchForm::firstShowArmsTheTargetAndBuildsThePages()
 {
@@ -211,46 +194,6 @@ void TestTdscdmaRadbenchForm::closeReleasesTheTarget()
         QCOMPARE(boxes.Count(), 0);
     }
     form.hide();
-}
-
-void TestTdscdmaRadbenchForm::resetForgetsPagesAndCapability()
-{
-    SimScope sim("default");
-    CTdscdmaRadbenchForm form;
-    form.show();
-    QTRY_VERIFY(IsReady(form, 9));
-    form.hide();
-
-    // Another target comes: the tool forgets what it knew of the first.
-    QVERIFY(TavoSim::LoadProfile("modern-l1"));
-    form.ResetForm();
-    QVERIFY(form.Pages().isEmpty());
-    QString reason;
-    QVERIFY(form.CheckSupport(reason));
-    QVERIFY(reason.isEmpty());
-    QVERIFY(!form.IsNeedDb());
-
-    form.show();
-    QTRY_VERIFY(IsReady(form, 8));
-    form.hide();
-}
-
-void TestTdscdmaRadbenchForm::hideTellsTheHostTheToolIsInactive()
-{
-    SimScope sim("legacy-v1");
-    CTdscdmaRadbenchForm form;
-    QSignalSpy activated(&form, &CTdscdmaRadbenchForm::Signal_PluginIsActivated);
-    form.show();
-    QTRY_VERIFY(IsReady(form, 9));
-    form.hide();
-    QCOMPARE(activated.count(), 2);
-    QCOMPARE(activated.at(1).at(0).toBool(), false);
-
-    QString reason;
-    QVERIFY(TavoSim::LoadProfile("c2k-modem"));
-    form.ResetForm();
-    QVERIFY(!form.CheckSupport(reason));
-    QCOMPARE(reason, QString("It is C2K modem now."));
 }
 
 QTEST_MAIN(TestTdscdmaRadbenchForm)
