@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QGroupBox>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLabel>
@@ -37,6 +38,23 @@ bool TestPage::Load(const std::string &text)
 bool TestPage::Load(const QJsonObject &model)
 {
     return Load(QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString());
+}
+
+QWidget *TestPage::AddOf(const QString &className, const QString &name)
+{
+    if (className == "QComboBox")
+        return Add<QComboBox>(name);
+    if (className == "QSpinBox")
+        return Add<QSpinBox>(name);
+    if (className == "QDoubleSpinBox")
+        return Add<QDoubleSpinBox>(name);
+    if (className == "QCheckBox")
+        return Add<QCheckBox>(name);
+    if (className == "QGroupBox")
+        return Add<QGroupBox>(name);
+    if (className == "QTableWidget")
+        return Add<QTableWidget>(name);
+    return Add<QLabel>(name);
 }
 
 void TestPage::AddWidgetsFor(const QJsonObject &model)
@@ -115,4 +133,19 @@ QString Describe(QWidget *widget)
     if (widget->isHidden())
         text += " hidden";
     return text;
+}
+
+QJsonObject Json(const QString &text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
+
+QJsonObject GroupModel(const QJsonObject &members, int groupType, const QJsonObject &groupExtra)
+{
+    QJsonObject group = groupExtra;
+    group.insert("groupType", groupType);
+    if (!group.contains("memberList"))
+        group.insert("memberList", QJsonArray::fromStringList(members.keys()));
+    QJsonObject property = group.value("memberProperty").toObject();
+    for (auto it = members.begin(); it != members.end(); ++it)
+        property.insert(it.key(), it.value());
+    group.insert("memberProperty", property);
+    return QJsonObject{{"modelName", "test"}, {"cmdIf", QJsonObject{{"request", QJsonObject{{"group1", group}}}}}};
 }

@@ -27,6 +27,8 @@ public:
         m_layout->addWidget(widget);
         return widget;
     }
+    // The same for a class named at run time (QLabel for any other name).
+    QWidget *AddOf(const QString &className, const QString &name);
     // Widgets for every member and caption of `model`, of the classes the
     // binding takes for their data and group types.
     void AddWidgetsFor(const QJsonObject &model);
@@ -49,3 +51,10 @@ private:
 
 // What a bound widget shows, in one line: class, value, value space, state.
 QString Describe(QWidget *widget);
+
+QJsonObject Json(const QString &text);
+
+// A model whose one group, cmdIf.request.group1, is of `groupType` and holds
+// `members` (listed in key order unless `groupExtra` lists them) beside the
+// keys of `groupExtra`.
+QJsonObject GroupModel(const QJsonObject &members, int groupType = 1, const QJsonObject &groupExtra = {});

@@ -40,18 +40,14 @@ void TestJsonPath::read_data()
     QTest::addColumn<bool>("missing");
 
     QTest::newRow("nested number") << "a.b" << QJsonValue(1) << false;
-    QTest::newRow("deep string") << "a.deep.x.y" << QJsonValue("v") << false;
     QTest::newRow("object") << "a.deep.x" << QJsonValue(QJsonObject{{"y", "v"}}) << false;
     QTest::newRow("array ends the path") << "a.arr" << QJsonValue(QJsonArray{1, 2}) << false;
     QTest::newRow("no index into an array") << "a.arr.0" << QJsonValue(QJsonValue::Undefined) << true;
     QTest::newRow("absent key") << "a.c" << QJsonValue(QJsonValue::Undefined) << true;
     QTest::newRow("absent first key") << "x.y" << QJsonValue(QJsonValue::Undefined) << true;
     QTest::newRow("through a number") << "a.b.c" << QJsonValue(QJsonValue::Undefined) << true;
-    QTest::newRow("through a string") << "s.t" << QJsonValue(QJsonValue::Undefined) << true;
     QTest::newRow("null counts as absent") << "a.n" << QJsonValue(QJsonValue::Null) << true;
     QTest::newRow("zero is there") << "a.z" << QJsonValue(0) << false;
-    QTest::newRow("false is there") << "a.f" << QJsonValue(false) << false;
-    QTest::newRow("empty text is there") << "a.e" << QJsonValue("") << false;
     QTest::newRow("unusual key characters") << "a.k-ey w#th.ü" << QJsonValue(5) << false;
     QTest::newRow("empty path") << "" << QJsonValue(QJsonValue::Undefined) << true;
     QTest::newRow("trailing dot") << "a." << QJsonValue(QJsonObject(Json(kModel)["a"].toObject())) << false;
@@ -101,9 +97,7 @@ void TestJsonPath::write_data()
     QTest::addColumn<bool>("written");
 
     QTest::newRow("replace a number") << "a.b" << QJsonValue(2) << true;
-    QTest::newRow("replace deep by an array") << "a.deep.x.y" << QJsonValue(QJsonArray{"1", "2"}) << true;
     QTest::newRow("replace an object by a string") << "a.deep" << QJsonValue("flat") << true;
-    QTest::newRow("replace zero") << "a.z" << QJsonValue(QJsonObject{{"min", 1}}) << true;
     QTest::newRow("absent last key") << "a.c" << QJsonValue(2) << false;
     QTest::newRow("absent deep path") << "a.q.r.s" << QJsonValue(2) << false;
     QTest::newRow("null can't be overwritten") << "a.n" << QJsonValue(2) << false;

@@ -1,56 +1,17 @@
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QtTest>
 
-#include "JsonPath.h"
-#include "SimScope.h"
-#include "TdscdmaCore.h"
 #include "TestLog.h"
 #include "TestPage.h"
-#include "UnsignedSpinBox.h"
 
 namespace {
 
-QJsonObject Json(const QString &text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
-
-// A test model with one group of `groupType` whose members are `members`.
-QJsonObject GroupModel(const QJsonObject &members, int groupType = 1, const QJsonObject &groupExtra = {})
-{
-    QJsonObject group = groupExtra;
-    group.insert("groupType", groupType);
-    group.insert("memberList", QJsonArray::fromStringList(members.keys()));
-    QJsonObject property = group.value("memberProperty").toObject();
-    for (auto it = members.begin(); it != members.end(); ++it)
-        property.insert(it.key(), it.value());
-    group.insert("memberProperty", property);
-    return QJsonObject{{"modelName", "test"}, {"cmdIf", QJsonObject{{"request", QJsonObject{{"group1", group}}}}}};
-}
-
 const QString kMember = "cmdIf_request_group1_memberProperty_m";
-
-QWidget *AddOfClass(TestPage &page, const QString &className, const QString &name)
-{
-    if (className == "QComboBox")
-        return page.Add<QComboBox>(name);
-    if (className == "QSpinBox")
-        return page.Add<QSpinBox>(name);
-    if (className == "QDoubleSpinBox")
-        return page.Add<QDoubleSpinBox>(name);
-    if (className == "QCheckBox")
-        return page.Add<QCheckBox>(name);
-    if (className == "QGroupBox")
-        return page.Add<QGroupBox>(name);
-    if (className == "QTableWidget")
-        return page.Add<QTableWidget>(name);
-    return page.Add<QLabel>(name);
-}
 
 QString CellText(QTableWidget *table, int row, int column) { return Describe(table->cellWidget(row, column)); }
 
@@ -74,8 +35,6 @@ private slots:
     void instanceTable();
     void textThatIsNoModel_data();
     void textThatIsNoModel();
-    void storedModelsBindWithoutFailure_data();
-    void storedModelsBindWithoutFailure();
 };
 
 void TestPageBinding::memberWidgets_data()
@@ -121,14 +80,9 @@ void TestPageBinding::memberWidgets_data()
     QTest::newRow("not supported: hidden, untouched")
         << "QLabel" << R"("defaultSupport":0,"defaultEnableStatus":1,"trait":{"dataType":"label","defaultValue":"x"})"
         << "QLabel text= tip= hidden" << "";
-    QTest::newRow("no support key: hidden") << "QLabel" << R"("trait":{"dataType":"label","defaultValue":"x"})"
-                                            << "QLabel text= tip= hidden" << "";
     QTest::newRow("list in a spin box")
         << "QSpinBox" << on + R"("trait":{"dataType":"list","defaultValue":"a","value":["a"]})"
         << "QSpinBox 0..99 value=0 base=10 tip=" << "cannot find the mapping of Data Type and QWidget";
-    QTest::newRow("unsigned range is no type 1 field")
-        << "QLabel" << on + R"("trait":{"dataType":"unsignedRange","defaultValue":"1","value":{"min":"0","max":"9"}})"
-        << "QLabel text= tip=" << "cannot find the mapping of Data Type and QWidget";
     QTest::newRow("no trait") << "QLabel" << on + R"("caption":"c")" << "QLabel text= tip="
                               << "Cannot get the Trait JSON Object";
 }
@@ -141,7 +95,7 @@ void TestPageBinding::memberWidgets()
     QFETCH(QString, failure);
 
     TestPage page;
-    QWidget *widget = AddOfClass(page, widgetClass, kMember);
+    QWidget *widget = page.AddOf(widgetClass, kMember);
     TestLog::CriticalCapture log;
     QVERIFY(page.Load(GroupModel(QJsonObject{{"m", Json("{" + member + "}")}})));
     QCOMPARE(Describe(widget), shown);
@@ -175,7 +129,7 @@ void TestPageBinding::captions()
 
     TestPage page;
     QWidget *field = page.Add<QLabel>(kMember);
-    QWidget *caption = AddOfClass(page, captionClass, captionName);
+    QWidget *caption = page.AddOf(captionClass, captionName);
     const QJsonObject member{{"caption", "AFC DAC"},
                              {"defaultSupport", support},
                              {"defaultEnableStatus", 1},
@@ -361,49 +315,6 @@ void TestPageBinding::textThatIsNoModel()
     QVERIFY(page.Load(text.toStdString()));
     QCOMPARE(page.IsModelReady(), ready);
     QCOMPARE(log.Count("====== Failed processing name"), failures);
-}
-
-void TestPageBinding::storedModelsBindWithoutFailure_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<int>("calData");
-    for (const char *profile : {"default", "legacy-v1"}) {
-        for (const char *page : {"AFC Control", "Continuous TX", "Tpc", "Rx Pathloss", "Temperature ADC",
-                                 "Continuous RX", "Dpch TX", "Rssi", "Baseband Register"}) {
-            const bool calData = QString(page) == "Tpc" || QString(page) == "Rx Pathloss";
-            QTest::addRow("%s, %s", profile, page) << profile << page << int(calData);
-        }
-    }
-}
-
-void TestPageBinding::storedModelsBindWithoutFailure()
-{
-    QFETCH(QString, profile);
-    QFETCH(QString, page);
-    QFETCH(int, calData);
-
-    SimScope sim(profile);
-    TavoSim::LoadDatabase();
-    CTdscdmaCore::GetInstance()->ResetCapability();
-    const std::string text = CTdscdmaCore::GetInstance()->GetDataModel(page);
-    const QJsonObject model = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
-
-    TestPage testPage(calData);
-    testPage.AddWidgetsFor(model);
-    TestLog::CriticalCapture log;
-    QVERIFY(testPage.Load(text));
-    QCOMPARE(log.Lines(), QStringList());
-    QVERIFY(testPage.IsModelReady());
-
-    // The band list a user picks from is the target's.
-    const QString bandPath = calData ? "calDataIf.config.group1.memberProperty.band" : "cmdIf.request.group1.memberProperty.band";
-    if (auto *band = qobject_cast<QComboBox *>(testPage.Widget(QString(bandPath).replace('.', '_')))) {
-        const QJsonArray bands = GetJsonValueConst(model, bandPath + ".trait.value").toArray();
-        QCOMPARE(band->count(), bands.size());
-        QCOMPARE(band->currentText(), bands.first().toString() == band->currentText() ? band->currentText()
-                                                                                        : band->itemText(0));
-    }
 }
 
 QTEST_MAIN(TestPageBinding)
