@@ -22,7 +22,6 @@ QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object
 
 const char *const kAllBands = R"J(["1900-1920MHz(a)","2010-2025MHz(a)","1850-1910MHz(b)","1930-1990MHz(b)",)J"
                               R"J("1910-1930MHz(c)","2570-2620MHz(d)","1880-1920MHz(f)","2300-2400MHz(e)"])J";
-const char *const kAllGroups = R"J(["1850-1930MHz","2010-2025MHz","1930-1990MHz","2570-2620MHz","2300-2400MHz"])J";
 
 } // namespace
 
@@ -53,9 +52,6 @@ void TestDataModelCapUpdater::fittedModels_data()
     // Every band of the target, each with its uplink range.
     QTest::newRow("all bands listed") << "default" << false << "Continuous TX" << request + "band.trait.value"
                                       << kAllBands;
-    QTest::newRow("test page range, no check")
-        << "default" << false << "Continuous RX" << request + "uarfcn.trait.valuePair.2010-2025MHz(a)"
-        << R"J({"max":10125,"min":10050})J";
     QTest::newRow("one entry per band") << "legacy-v1" << false << "AFC Control" << request + "uarfcn.trait.valuePair"
                                         << R"J({"1850-1910MHz(b)":{"max":9550,"min":9250},)J"
                                            R"J("1900-1920MHz(a)":{"max":9600,"min":9500},)J"
@@ -71,8 +67,6 @@ void TestDataModelCapUpdater::fittedModels_data()
     QTest::newRow("nothing marked") << "default" << false << "Rssi" << "modelIntegrity" << "undefined";
 
     // Calibration pages: band groups, ranges with their check.
-    QTest::newRow("TPC V3 groups") << "default" << false << "Tpc" << "calDataIf.config.group1.memberProperty.band.trait.value"
-                                   << kAllGroups;
     QTest::newRow("TPC V3 range check")
         << "default" << false << "Tpc" << "calDataIf.data.group7.memberProperty.uarfcn.trait.valuePair.1850-1930MHz"
         << R"J({"max":9650,"min":9250,"rangeCheck":"9250~9650,0"})J";
