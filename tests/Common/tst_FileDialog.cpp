@@ -18,10 +18,98 @@ using TestFiles::Write;
 class TestFileDialog : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void dialogStartsAtTheLastPathAndRemembersTheNext_data();
-    void dialogStartsAtTheLastPathAndRemembersTheNext();
+    void initTestCase()
+    {
+        TestLog::MuteOffscreenPlatformNotes();
+        QVERIFY(QDir().mkpath(m_tmp.path() + "/a") && QDir().mkpath(m_tmp.path() + "/b"));
+        QVERIFY(Write(m_tmp.path() + "/a/first.ini", "[AFC]\n"));
+    }
+
+    void cleanupTestCase()
+    {
+        QFile::remove(m_settingsPath);
+        if (!m_savedSettings.isNull())
+            Write(m_settingsPath, m_savedSettings);
+        else if (!m_hadConfigsFolder)
+            QDir(m_configsFolder).removeRecursively();
+    }
+
+    void dialogStartsAtTheLastPathAndRemembersTheNext_data()
+    {
+        // Paths are below the test's temporary folder, "%T" in the settings text.
+        QTest::addColumn<bool>("save");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("shownTitle");
+        QTest::addColumn<QByteArray>("settings"); // null: neither file nor folder
+        QTest::addColumn<QString>("startFolder"); // empty: the dialog's own choice
+        QTest::addColumn<QString>("choose");      // empty: cancel
+
+        const QByteArray remembered("[Other]\nx = 1\n\n[Last User Open Path]\nlast_open_path = %T/a/first.ini\n");
+        QTest::newRow("first run makes folder and file")
+            << false << QString() << "Please choose the file to open" << QByteArray() << QString() << "a/first.ini";
+        QTest::newRow("save starts at the last path, stores a path outside ASCII")
+            << true << "Export TPC" << "Export TPC" << remembered << "a" << QString::fromUtf8("b/Grüße 校准.ini");
+        QTest::newRow("cancel leaves the file as it was")
+            << true << QString() << "Please choose the file to save" << remembered << "a" << QString();
+        QTest::newRow("cancel on a first run makes nothing")
+            << false << QString() << "Please choose the file to open" << QByteArray() << QString() << QString();
+    }
+    void dialogStartsAtTheLastPathAndRemembersTheNext()
+    {
+        QFETCH(bool, save);
+        QFETCH(QString, title);
+        QFETCH(QString, shownTitle);
+        QFETCH(QByteArray, settings);
+        QFETCH(QString, startFolder);
+        QFETCH(QString, choose);
+
+        QFile::remove(m_settingsPath);
+        if (settings.isNull()) {
+            QDir(m_configsFolder).removeRecursively();
+        } else {
+            settings.replace("%T", m_tmp.path().toUtf8());
+            QVERIFY(QDir().mkpath(m_configsFolder) && Write(m_settingsPath, settings));
+        }
+        const QString chosen = choose.isEmpty() ? QString() : m_tmp.path() + "/" + choose;
+
+        // The user: types the path and presses Enter, or cancels.
+        QString seenTitle, seenFolder;
+        QTimer user;
+        connect(&user, &QTimer::timeout, this, [&] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            user.stop();
+            seenTitle = dialog->windowTitle();
+            seenFolder = dialog->directory().absolutePath();
+            auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
+            if (chosen.isEmpty() || !edit)
+                return dialog->reject();
+            edit->setText(chosen);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        user.start(20);
+
+        CFileDialogMan dialogs;
+        QString path = "stale";
+        if (save)
+            dialogs.GetSaveFilePath(title, QString(), path);
+        else
+            dialogs.GetOpenFilePath(title, QString(), path);
+
+        QCOMPARE(seenTitle, shownTitle);
+        if (!startFolder.isEmpty())
+            QCOMPARE(seenFolder, m_tmp.path() + "/" + startFolder);
+        QCOMPARE(path, chosen);
+        if (chosen.isEmpty()) {
+            QCOMPARE(Read(m_settingsPath), settings);
+            QCOMPARE(QFileInfo(m_configsFolder).isDir(), !settings.isNull());
+        } else {
+            TIniFile stored(m_settingsPath);
+            QCOMPARE(stored.ReadStringW("Last User Open Path", "last_open_path", QString()), chosen);
+            QCOMPARE(stored.IsSectionExist("Other"), !settings.isNull());
+        }
+    }
 
 private:
     QTemporaryDir m_tmp;
@@ -30,100 +118,6 @@ private:
     bool m_hadConfigsFolder = QFileInfo(m_configsFolder).isDir();
     QByteArray m_savedSettings = QFileInfo::exists(m_settingsPath) ? Read(m_settingsPath) : QByteArray();
 };
-
-void TestFileDialog::initTestCase()
-{
-    TestLog::MuteOffscreenPlatformNotes();
-    QVERIFY(QDir().mkpath(m_tmp.path() + "/a") && QDir().mkpath(m_tmp.path() + "/b"));
-    QVERIFY(Write(m_tmp.path() + "/a/first.ini", "[AFC]\n"));
-}
-
-void TestFileDialog::cleanupTestCase()
-{
-    QFile::remove(m_settingsPath);
-    if (!m_savedSettings.isNull())
-        Write(m_settingsPath, m_savedSettings);
-    else if (!m_hadConfigsFolder)
-        QDir(m_configsFolder).removeRecursively();
-}
-
-void TestFileDialog::dialogStartsAtTheLastPathAndRemembersTheNext_data()
-{
-    // Paths are below the test's temporary folder, "%T" in the settings text.
-    QTest::addColumn<bool>("save");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("shownTitle");
-    QTest::addColumn<QByteArray>("settings"); // null: neither file nor folder
-    QTest::addColumn<QString>("startFolder"); // empty: the dialog's own choice
-    QTest::addColumn<QString>("choose");      // empty: cancel
-
-    const QByteArray remembered("[Other]\nx = 1\n\n[Last User Open Path]\nlast_open_path = %T/a/first.ini\n");
-    QTest::newRow("first run makes folder and file")
-        << false << QString() << "Please choose the file to open" << QByteArray() << QString() << "a/first.ini";
-    QTest::newRow("save starts at the last path, stores a path outside ASCII")
-        << true << "Export TPC" << "Export TPC" << remembered << "a" << QString::fromUtf8("b/Grüße 校准.ini");
-    QTest::newRow("cancel leaves the file as it was")
-        << true << QString() << "Please choose the file to save" << remembered << "a" << QString();
-    QTest::newRow("cancel on a first run makes nothing")
-        << false << QString() << "Please choose the file to open" << QByteArray() << QString() << QString();
-}
-
-void TestFileDialog::dialogStartsAtTheLastPathAndRemembersTheNext()
-{
-    QFETCH(bool, save);
-    QFETCH(QString, title);
-    QFETCH(QString, shownTitle);
-    QFETCH(QByteArray, settings);
-    QFETCH(QString, startFolder);
-    QFETCH(QString, choose);
-
-    QFile::remove(m_settingsPath);
-    if (settings.isNull()) {
-        QDir(m_configsFolder).removeRecursively();
-    } else {
-        settings.replace("%T", m_tmp.path().toUtf8());
-        QVERIFY(QDir().mkpath(m_configsFolder) && Write(m_settingsPath, settings));
-    }
-    const QString chosen = choose.isEmpty() ? QString() : m_tmp.path() + "/" + choose;
-
-    // The user: types the path and presses Enter, or cancels.
-    QString seenTitle, seenFolder;
-    QTimer user;
-    connect(&user, &QTimer::timeout, this, [&] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        user.stop();
-        seenTitle = dialog->windowTitle();
-        seenFolder = dialog->directory().absolutePath();
-        auto *edit = dialog->findChild<QLineEdit *>("fileNameEdit");
-        if (chosen.isEmpty() || !edit)
-            return dialog->reject();
-        edit->setText(chosen);
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
-    user.start(20);
-
-    CFileDialogMan dialogs;
-    QString path = "stale";
-    if (save)
-        dialogs.GetSaveFilePath(title, QString(), path);
-    else
-        dialogs.GetOpenFilePath(title, QString(), path);
-
-    QCOMPARE(seenTitle, shownTitle);
-    if (!startFolder.isEmpty())
-        QCOMPARE(seenFolder, m_tmp.path() + "/" + startFolder);
-    QCOMPARE(path, chosen);
-    if (chosen.isEmpty()) {
-        QCOMPARE(Read(m_settingsPath), settings);
-        QCOMPARE(QFileInfo(m_configsFolder).isDir(), !settings.isNull());
-    } else {
-        TIniFile stored(m_settingsPath);
-        QCOMPARE(stored.ReadStringW("Last User Open Path", "last_open_path", QString()), chosen);
-        QCOMPARE(stored.IsSectionExist("Other"), !settings.isNull());
-    }
-}
 
 QTEST_MAIN(TestFileDialog)
 #include "tst_FileDialog.moc"

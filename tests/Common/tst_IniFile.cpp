@@ -27,16 +27,206 @@ QList<QByteArray> NonEmptyLines(const QByteArray &text)
 class TestIniFile : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void typedValuesRoundTrip();
-    void readsFilesAsFound_data();
-    void readsFilesAsFound();
-    void saveKeepsWhatWasNotWritten_data();
-    void saveKeepsWhatWasNotWritten();
-    void unusablePathOnlyReports_data();
-    void unusablePathOnlyReports();
-    void independentReaderAgrees_data();
-    void independentReaderAgrees();
+    void initTestCase()
+    {
+        QVERIFY(m_tmp.isValid());
+        m_dir = m_tmp.path() + QString::fromUtf8("/Kalibrierung Äö 校准");
+        QVERIFY(QDir().mkpath(m_dir));
+    }
+
+    void typedValuesRoundTrip()
+    {
+        const QString path = FilePath("round trip.ini");
+        const QString wide = QString::fromUtf8("校准 \xF0\x9F\x93\xA1");
+        {
+            TIniFile file(path);
+            file.WriteInt("TPC Band 0", "Int", -2147483647 - 1);
+            file.WriteDouble("TPC Band 0", "Small", 0.1);
+            file.WriteDouble("TPC Band 0", "Large", -1e20);
+            file.WriteString("TPC Band 0", "Narrow", "Gr\xC3\xBC\xC3\x9F" "e = 1;2");
+            file.WriteStringW("TPC Band 0", "Wide", wide);
+            QVERIFY(file.Save());
+        }
+        QCOMPARE(NonEmptyLines(Read(path)), QList<QByteArray>({"[TPC Band 0]", "Int = -2147483648",
+                                                                   "Small = 0.100000",
+                                                                   "Large = -100000000000000000000.000000",
+                                                                   "Narrow = Gr\xC3\xBC\xC3\x9F" "e = 1;2",
+                                                                   "Wide = " + wide.toUtf8()}));
+        TIniFile file(path);
+        QCOMPARE(file.ReadInt("tpc band 0", "INT", 0), -2147483647 - 1);
+        QCOMPARE(file.ReadDouble("tpc band 0", "small", 0.0), 0.1);
+        QCOMPARE(file.ReadDouble("tpc band 0", "large", 0.0), -1e20);
+        QCOMPARE(file.ReadString("tpc band 0", "NARROW", ""), std::string("Gr\xC3\xBC\xC3\x9F" "e = 1;2"));
+        QCOMPARE(file.ReadStringW("tpc band 0", "WIDE", QString()), wide);
+    }
+
+    void readsFilesAsFound_data()
+    {
+        // Asked for: section "band 1", key "GAIN"; defaults "absent", 77 and 0.1234567.
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<bool>("sectionExists");
+        QTest::addColumn<bool>("keyExists");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("number");
+        QTest::addColumn<double>("real");
+
+        QTest::newRow("byte order mark, CRLF")
+            << QByteArray("\xEF\xBB\xBF[Band 1]\r\ngain = 12.5\r\n") << true << true << "12.5" << 12 << 12.5;
+        QTest::newRow("names in upper case") << QByteArray("[BAND 1]\nGAIN=-3\n") << true << true << "-3" << -3 << -3.0;
+        QTest::newRow("letters read as 0, not the default")
+            << QByteArray("[Band 1]\ngain = abc\n") << true << true << "abc" << 0 << 0.0;
+        QTest::newRow("first of two values") << QByteArray("[Band 1]\ngain = 1\nGain = 2\n") << true << true << "1" << 1
+                                             << 1.0;
+        // The double default takes the way through "%lf".
+        QTest::newRow("section without keys") << QByteArray("[Band 1]\n") << true << false << "absent" << 77 << 0.123457;
+        QTest::newRow("empty file") << QByteArray("") << false << false << "absent" << 77 << 0.123457;
+    }
+    void readsFilesAsFound()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(bool, sectionExists);
+        QFETCH(bool, keyExists);
+        QFETCH(QString, text);
+        QFETCH(int, number);
+        QFETCH(double, real);
+        const QString path = FilePath("as found.ini");
+        QVERIFY(Write(path, content));
+
+        TIniFile file(path);
+        QCOMPARE(file.IsSectionExist("band 1"), sectionExists);
+        QCOMPARE(file.IsKeyExist("band 1", "GAIN"), keyExists);
+        QCOMPARE(file.ReadStringW("band 1", "GAIN", "absent"), text);
+        QCOMPARE(file.ReadInt("band 1", "GAIN", 77), number);
+        QCOMPARE(file.ReadDouble("band 1", "GAIN", 0.1234567), real);
+    }
+
+    void saveKeepsWhatWasNotWritten_data()
+    {
+        // Each row reads twice (a second load would double every value), writes
+        // TPC::Max twice in different letter case, and saves.
+        QTest::addColumn<QByteArray>("before"); // null: no file
+        QTest::addColumn<QList<QByteArray>>("after");
+
+        QTest::newRow("no file yet") << QByteArray() << QList<QByteArray>({"[TPC]", "MAX = 6"});
+        QTest::newRow("other sections and keys survive")
+            << QByteArray("[AFC]\ncap = 1\n\n[tpc]\nMin = 0\nmax = 1\n\n[RX]\nloss = 3\n")
+            << QList<QByteArray>({"[AFC]", "cap = 1", "[tpc]", "Min = 0", "MAX = 6", "[RX]", "loss = 3"});
+        QTest::newRow("byte order mark and CRLF are not written back")
+            << QByteArray("\xEF\xBB\xBF[AFC]\r\ncap = 1\r\n") << QList<QByteArray>({"[AFC]", "cap = 1", "[TPC]", "MAX = 6"});
+    }
+    void saveKeepsWhatWasNotWritten()
+    {
+        QFETCH(QByteArray, before);
+        QFETCH(QList<QByteArray>, after);
+        const QString path = FilePath("save over.ini");
+        QFile::remove(path);
+        if (!before.isNull())
+            QVERIFY(Write(path, before));
+
+        TIniFile file(path);
+        for (int i = 0; i < 2 && !before.isNull(); ++i)
+            file.ReadString("AFC", "cap", "");
+        file.WriteInt("TPC", "Max", 5);
+        file.WriteInt("tpc", "MAX", 6);
+        QVERIFY(file.Save());
+
+        const QByteArray text = Read(path);
+        QVERIFY(!text.contains('\r'));
+        QCOMPARE(NonEmptyLines(text), after);
+    }
+
+    void unusablePathOnlyReports_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("writeFailure");
+
+        QTest::newRow("folder missing") << "missing/cal.ini" << "create file failed";
+        // An existing path that cannot be read is never replaced.
+        QTest::newRow("path is a folder") << "folder.ini" << "load file failed";
+        QTest::newRow("empty path") << QString() << "create file failed";
+    }
+    void unusablePathOnlyReports()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, writeFailure);
+        QVERIFY(Write(FilePath("plain.txt"), "[S]\nK = 1\n"));
+        QVERIFY(QDir().mkpath(FilePath("folder.ini")));
+        const QString path = name.isEmpty() ? QString() : FilePath(name);
+
+        TIniFile file(path);
+        QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S from " + path + " failed (load file failed)"));
+        QVERIFY(!file.IsSectionExist("S"));
+        QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S::K from " + path + " failed (load file failed)"));
+        QCOMPARE(file.ReadInt("S", "K", 7), 7);
+        QTest::ignoreMessage(QtDebugMsg, qPrintable("Write S::K to " + path + " failed (" + writeFailure + ")"));
+        file.WriteInt("S", "K", 1);
+        QVERIFY(!file.Save());
+
+        QCOMPARE(Read(FilePath("plain.txt")), QByteArray("[S]\nK = 1\n"));
+        QVERIFY(QFileInfo(FilePath("folder.ini")).isDir());
+        QVERIFY(!QFileInfo::exists(FilePath("missing")));
+    }
+
+    void independentReaderAgrees_data()
+    {
+        // Python's configparser, strict: a byte order mark, a repeated section
+        // or key in our file would fail it. An empty encoding: it reads our file.
+        QTest::addColumn<QString>("encoding");
+        QTest::addColumn<QString>("lineEnd");
+
+        QTest::newRow("it reads ours") << QString() << QString();
+        QTest::newRow("we read its UTF-8") << "utf-8" << "\n";
+        QTest::newRow("we read its UTF-8 with byte order mark and CRLF") << "utf-8-sig" << "\r\n";
+    }
+    void independentReaderAgrees()
+    {
+        QFETCH(QString, encoding);
+        QFETCH(QString, lineEnd);
+        const QString python = QStandardPaths::findExecutable("python3");
+        if (python.isEmpty())
+            QSKIP("python3 is not installed");
+
+        const QString path = FilePath("configparser.ini");
+        QFile::remove(path);
+        const QJsonObject content{{"TADC", QJsonObject{{"ADC0", "1024"}, {"Slope", "0.015625"}}},
+                                  {"Barcode", QJsonObject{{"Text", QString::fromUtf8("Ünïcode 条码")}}}};
+        if (encoding.isEmpty()) {
+            TIniFile file(path);
+            file.WriteInt("TADC", "ADC0", 1);
+            file.WriteInt("tadc", "ADC0", 1024);
+            file.WriteDouble("TADC", "Slope", 0.015625);
+            file.WriteStringW("Barcode", "Text", content["Barcode"]["Text"].toString());
+            QVERIFY(file.Save());
+        }
+        const QString script = "import configparser, json, sys\n"
+                               "c = configparser.ConfigParser(interpolation=None, strict=True)\n"
+                               "c.optionxform = str\n"
+                               "if len(sys.argv) > 2:\n"
+                               "    c.read_dict(json.loads(sys.argv[2]))\n"
+                               "    with open(sys.argv[1], 'w', encoding=sys.argv[3], newline=sys.argv[4]) as f:\n"
+                               "        c.write(f)\n"
+                               "else:\n"
+                               "    with open(sys.argv[1], encoding='utf-8') as f:\n"
+                               "        c.read_file(f)\n"
+                               "    print(json.dumps({s: dict(c[s]) for s in c.sections()}))\n";
+        QStringList arguments{"-c", script, path};
+        if (!encoding.isEmpty())
+            arguments << QJsonDocument(content).toJson() << encoding << lineEnd;
+        QProcess process;
+        process.start(python, arguments);
+        QVERIFY(process.waitForFinished(30000));
+        QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+
+        if (encoding.isEmpty()) {
+            QCOMPARE(QJsonDocument::fromJson(process.readAllStandardOutput()).object(), content);
+            return;
+        }
+        QCOMPARE(Read(path).startsWith("\xEF\xBB\xBF"), encoding == "utf-8-sig");
+        TIniFile file(path);
+        QCOMPARE(file.ReadInt("tadc", "adc0", -1), 1024);
+        QCOMPARE(file.ReadDouble("TADC", "SLOPE", -1.0), 0.015625);
+        QCOMPARE(file.ReadStringW("BARCODE", "text", QString()), content["Barcode"]["Text"].toString());
+    }
 
 private:
     QString FilePath(const QString &name) const { return m_dir + "/" + name; }
@@ -44,211 +234,6 @@ private:
     QTemporaryDir m_tmp;
     QString m_dir;
 };
-
-void TestIniFile::initTestCase()
-{
-    QVERIFY(m_tmp.isValid());
-    m_dir = m_tmp.path() + QString::fromUtf8("/Kalibrierung Äö 校准");
-    QVERIFY(QDir().mkpath(m_dir));
-}
-
-void TestIniFile::typedValuesRoundTrip()
-{
-    const QString path = FilePath("round trip.ini");
-    const QString wide = QString::fromUtf8("校准 \xF0\x9F\x93\xA1");
-    {
-        TIniFile file(path);
-        file.WriteInt("TPC Band 0", "Int", -2147483647 - 1);
-        file.WriteDouble("TPC Band 0", "Small", 0.1);
-        file.WriteDouble("TPC Band 0", "Large", -1e20);
-        file.WriteString("TPC Band 0", "Narrow", "Gr\xC3\xBC\xC3\x9F" "e = 1;2");
-        file.WriteStringW("TPC Band 0", "Wide", wide);
-        QVERIFY(file.Save());
-    }
-    QCOMPARE(NonEmptyLines(Read(path)), QList<QByteArray>({"[TPC Band 0]", "Int = -2147483648",
-                                                               "Small = 0.100000",
-                                                               "Large = -100000000000000000000.000000",
-                                                               "Narrow = Gr\xC3\xBC\xC3\x9F" "e = 1;2",
-                                                               "Wide = " + wide.toUtf8()}));
-    TIniFile file(path);
-    QCOMPARE(file.ReadInt("tpc band 0", "INT", 0), -2147483647 - 1);
-    QCOMPARE(file.ReadDouble("tpc band 0", "small", 0.0), 0.1);
-    QCOMPARE(file.ReadDouble("tpc band 0", "large", 0.0), -1e20);
-    QCOMPARE(file.ReadString("tpc band 0", "NARROW", ""), std::string("Gr\xC3\xBC\xC3\x9F" "e = 1;2"));
-    QCOMPARE(file.ReadStringW("tpc band 0", "WIDE", QString()), wide);
-}
-
-void TestIniFile::readsFilesAsFound_data()
-{
-    // Asked for: section "band 1", key "GAIN"; defaults "absent", 77 and 0.1234567.
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<bool>("sectionExists");
-    QTest::addColumn<bool>("keyExists");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<double>("real");
-
-    QTest::newRow("byte order mark, CRLF")
-        << QByteArray("\xEF\xBB\xBF[Band 1]\r\ngain = 12.5\r\n") << true << true << "12.5" << 12 << 12.5;
-    QTest::newRow("names in upper case") << QByteArray("[BAND 1]\nGAIN=-3\n") << true << true << "-3" << -3 << -3.0;
-    QTest::newRow("letters read as 0, not the default")
-        << QByteArray("[Band 1]\ngain = abc\n") << true << true << "abc" << 0 << 0.0;
-    QTest::newRow("first of two values") << QByteArray("[Band 1]\ngain = 1\nGain = 2\n") << true << true << "1" << 1
-                                         << 1.0;
-    // The double default takes the way through "%lf".
-    QTest::newRow("section without keys") << QByteArray("[Band 1]\n") << true << false << "absent" << 77 << 0.123457;
-    QTest::newRow("empty file") << QByteArray("") << false << false << "absent" << 77 << 0.123457;
-}
-
-void TestIniFile::readsFilesAsFound()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(bool, sectionExists);
-    QFETCH(bool, keyExists);
-    QFETCH(QString, text);
-    QFETCH(int, number);
-    QFETCH(double, real);
-    const QString path = FilePath("as found.ini");
-    QVERIFY(Write(path, content));
-
-    TIniFile file(path);
-    QCOMPARE(file.IsSectionExist("band 1"), sectionExists);
-    QCOMPARE(file.IsKeyExist("band 1", "GAIN"), keyExists);
-    QCOMPARE(file.ReadStringW("band 1", "GAIN", "absent"), text);
-    QCOMPARE(file.ReadInt("band 1", "GAIN", 77), number);
-    QCOMPARE(file.ReadDouble("band 1", "GAIN", 0.1234567), real);
-}
-
-void TestIniFile::saveKeepsWhatWasNotWritten_data()
-{
-    // Each row reads twice (a second load would double every value), writes
-    // TPC::Max twice in different letter case, and saves.
-    QTest::addColumn<QByteArray>("before"); // null: no file
-    QTest::addColumn<QList<QByteArray>>("after");
-
-    QTest::newRow("no file yet") << QByteArray() << QList<QByteArray>({"[TPC]", "MAX = 6"});
-    QTest::newRow("other sections and keys survive")
-        << QByteArray("[AFC]\ncap = 1\n\n[tpc]\nMin = 0\nmax = 1\n\n[RX]\nloss = 3\n")
-        << QList<QByteArray>({"[AFC]", "cap = 1", "[tpc]", "Min = 0", "MAX = 6", "[RX]", "loss = 3"});
-    QTest::newRow("byte order mark and CRLF are not written back")
-        << QByteArray("\xEF\xBB\xBF[AFC]\r\ncap = 1\r\n") << QList<QByteArray>({"[AFC]", "cap = 1", "[TPC]", "MAX = 6"});
-}
-
-void TestIniFile::saveKeepsWhatWasNotWritten()
-{
-    QFETCH(QByteArray, before);
-    QFETCH(QList<QByteArray>, after);
-    const QString path = FilePath("save over.ini");
-    QFile::remove(path);
-    if (!before.isNull())
-        QVERIFY(Write(path, before));
-
-    TIniFile file(path);
-    for (int i = 0; i < 2 && !before.isNull(); ++i)
-        file.ReadString("AFC", "cap", "");
-    file.WriteInt("TPC", "Max", 5);
-    file.WriteInt("tpc", "MAX", 6);
-    QVERIFY(file.Save());
-
-    const QByteArray text = Read(path);
-    QVERIFY(!text.contains('\r'));
-    QCOMPARE(NonEmptyLines(text), after);
-}
-
-void TestIniFile::unusablePathOnlyReports_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("writeFailure");
-
-    QTest::newRow("folder missing") << "missing/cal.ini" << "create file failed";
-    // An existing path that cannot be read is never replaced.
-    QTest::newRow("path is a folder") << "folder.ini" << "load file failed";
-    QTest::newRow("empty path") << QString() << "create file failed";
-}
-
-void TestIniFile::unusablePathOnlyReports()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, writeFailure);
-    QVERIFY(Write(FilePath("plain.txt"), "[S]\nK = 1\n"));
-    QVERIFY(QDir().mkpath(FilePath("folder.ini")));
-    const QString path = name.isEmpty() ? QString() : FilePath(name);
-
-    TIniFile file(path);
-    QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S from " + path + " failed (load file failed)"));
-    QVERIFY(!file.IsSectionExist("S"));
-    QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S::K from " + path + " failed (load file failed)"));
-    QCOMPARE(file.ReadInt("S", "K", 7), 7);
-    QTest::ignoreMessage(QtDebugMsg, qPrintable("Write S::K to " + path + " failed (" + writeFailure + ")"));
-    file.WriteInt("S", "K", 1);
-    QVERIFY(!file.Save());
-
-    QCOMPARE(Read(FilePath("plain.txt")), QByteArray("[S]\nK = 1\n"));
-    QVERIFY(QFileInfo(FilePath("folder.ini")).isDir());
-    QVERIFY(!QFileInfo::exists(FilePath("missing")));
-}
-
-void TestIniFile::independentReaderAgrees_data()
-{
-    // Python's configparser, strict: a byte order mark, a repeated section
-    // or key in our file would fail it. An empty encoding: it reads our file.
-    QTest::addColumn<QString>("encoding");
-    QTest::addColumn<QString>("lineEnd");
-
-    QTest::newRow("it reads ours") << QString() << QString();
-    QTest::newRow("we read its UTF-8") << "utf-8" << "\n";
-    QTest::newRow("we read its UTF-8 with byte order mark and CRLF") << "utf-8-sig" << "\r\n";
-}
-
-void TestIniFile::independentReaderAgrees()
-{
-    QFETCH(QString, encoding);
-    QFETCH(QString, lineEnd);
-    const QString python = QStandardPaths::findExecutable("python3");
-    if (python.isEmpty())
-        QSKIP("python3 is not installed");
-
-    const QString path = FilePath("configparser.ini");
-    QFile::remove(path);
-    const QJsonObject content{{"TADC", QJsonObject{{"ADC0", "1024"}, {"Slope", "0.015625"}}},
-                              {"Barcode", QJsonObject{{"Text", QString::fromUtf8("Ünïcode 条码")}}}};
-    if (encoding.isEmpty()) {
-        TIniFile file(path);
-        file.WriteInt("TADC", "ADC0", 1);
-        file.WriteInt("tadc", "ADC0", 1024);
-        file.WriteDouble("TADC", "Slope", 0.015625);
-        file.WriteStringW("Barcode", "Text", content["Barcode"]["Text"].toString());
-        QVERIFY(file.Save());
-    }
-    const QString script = "import configparser, json, sys\n"
-                           "c = configparser.ConfigParser(interpolation=None, strict=True)\n"
-                           "c.optionxform = str\n"
-                           "if len(sys.argv) > 2:\n"
-                           "    c.read_dict(json.loads(sys.argv[2]))\n"
-                           "    with open(sys.argv[1], 'w', encoding=sys.argv[3], newline=sys.argv[4]) as f:\n"
-                           "        c.write(f)\n"
-                           "else:\n"
-                           "    with open(sys.argv[1], encoding='utf-8') as f:\n"
-                           "        c.read_file(f)\n"
-                           "    print(json.dumps({s: dict(c[s]) for s in c.sections()}))\n";
-    QStringList arguments{"-c", script, path};
-    if (!encoding.isEmpty())
-        arguments << QJsonDocument(content).toJson() << encoding << lineEnd;
-    QProcess process;
-    process.start(python, arguments);
-    QVERIFY(process.waitForFinished(30000));
-    QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
-
-    if (encoding.isEmpty()) {
-        QCOMPARE(QJsonDocument::fromJson(process.readAllStandardOutput()).object(), content);
-        return;
-    }
-    QCOMPARE(Read(path).startsWith("\xEF\xBB\xBF"), encoding == "utf-8-sig");
-    TIniFile file(path);
-    QCOMPARE(file.ReadInt("tadc", "adc0", -1), 1024);
-    QCOMPARE(file.ReadDouble("TADC", "SLOPE", -1.0), 0.015625);
-    QCOMPARE(file.ReadStringW("BARCODE", "text", QString()), content["Barcode"]["Text"].toString());
-}
 
 QTEST_GUILESS_MAIN(TestIniFile)
 #include "tst_IniFile.moc"

@@ -136,167 +136,156 @@ private slots:
         ResetCapabilities();
     }
 
-    void upload_data();
-    void upload();
-    void download_data();
-    void download();
-    void files();
-    void rfChipId_data();
-    void rfChipId();
-};
-
-void TestCalItemBase::upload_data()
-{
-    QTest::addColumn<QString>("fault"); // the call that fails once; "database": none loaded
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("success") << "" << 0 << "";
-    QTest::newRow("no database") << "database" << 100
-                                 << "TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded";
-    QTest::newRow("read fails") << "TAVO_NVRAM_Read_r" << 3
-                                << "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
-    QTest::newRow("read fails, no text") << "TAVO_NVRAM_Read_r, no text" << 3 << "TAVO_RESULT = ";
-    QTest::newRow("decompose fails") << "TAVO_NVRAM_DecomposeTadc" << 101
-                                     << "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
-}
-
-// A failed upload leaves the data invalid, so the next download gives 2
-// without a call to the target.
-void TestCalItemBase::upload()
-{
-    QFETCH(QString, fault);
-    QFETCH(int, code);
-    QFETCH(QString, text);
-
-    if (fault == "database") {
-        TavoSim::UnloadDatabase();
-    } else if (!fault.isEmpty()) {
-        TavoSim::FailOnce(fault.section(',', 0, 0));
-        if (fault.endsWith("no text"))
-            TavoSim::SetResultText(TAVO_ERR_FAILED, "");
-    }
-    CTestItem item;
-    QCOMPARE(int(item.UploadFromFlash()), code);
-    QCOMPARE(item.GetErrorMessage(), text);
-    QCOMPARE(item.isDataValid, code == 0);
-
-    TavoSim::ClearFaults();
-    TavoSim::LoadDatabase();
-    TavoSim::ClearCallLog();
-    QCOMPARE(int(item.DownloadToFlash()), code == 0 ? 0 : 2);
-    if (code != 0) {
-        QCOMPARE(item.GetErrorMessage(),
-                 QString("Data is not valid now.\nYou should load it from file or upload it from flash."));
-        QCOMPARE(TavoSim::CallNames(), QStringList());
-    }
-    if (code == 0) {
-        QCOMPARE(QList<int>(item.adc, item.adc + 8), (QList<int>{180, 330, 480, 630, 780, 930, 1080, 1230}));
-        QCOMPARE(item.capId, 160u);
-    }
-}
-
-void TestCalItemBase::download_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<int>("skip");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("written"); // records that reach the target
-
-    QTest::newRow("success") << "" << 0 << 0 << 2;
-    QTest::newRow("compose fails") << "TAVO_NVRAM_ComposeTadc" << 0 << 102 << 0;
-    QTest::newRow("write fails on the second record") << "TAVO_NVRAM_Write_r" << 1 << 3 << 1;
-}
-
-// What a download changes on the target, and what stays when it fails.
-void TestCalItemBase::download()
-{
-    QFETCH(QString, fault);
-    QFETCH(int, skip);
-    QFETCH(int, code);
-    QFETCH(int, written);
-
-    const auto before = OnTarget();
-    CTestItem item;
-    QCOMPARE(int(item.UploadFromFlash()), 0);
-    for (uint16_t &value : item.adc)
-        value = uint16_t(value + 1);
-    item.capId = 7;
-    if (!fault.isEmpty())
-        TavoSim::InjectFault(fault, TAVO_ERR_BUSY, 1, skip);
-
-    QCOMPARE(int(item.DownloadToFlash()), code);
-    QCOMPARE(item.GetErrorMessage(),
-             code == 0 ? QString() : "TAVO_RESULT = TAVO_ERR_BUSY: the target is in a state that refuses the command");
-    QVERIFY(item.isDataValid);
-    const auto after = OnTarget();
-    QCOMPARE(after.first, written >= 1 ? QList<int>(item.adc, item.adc + 8) : before.first);
-    QCOMPARE(after.second, written >= 2 ? item.capId : before.second);
-    QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
-}
-
-// No file gives 50, a file without the item's section 51, both with an empty
-// text; a file with it makes the data valid.
-void TestCalItemBase::files()
-{
-    QTemporaryDir dir;
-    CTestItem item;
-    QCOMPARE(int(item.ReadFromFile(nullptr)), 50);
-    QCOMPARE(int(item.WriteToFile(nullptr)), 50);
-    QCOMPARE(item.GetErrorMessage(), QString());
-
-    TIniFile file(dir.filePath("cal.ini"));
-    file.WriteString("Another item", "Key", "1");
-    QCOMPARE(int(item.ReadFromFile(&file)), 51);
-    QCOMPARE(item.GetErrorMessage(), QString());
-    QVERIFY(!item.isDataValid);
-    QCOMPARE(int(item.WriteToFile(&file)), 0);
-    QCOMPARE(int(item.ReadFromFile(&file)), 0);
-    QVERIFY(item.isDataValid);
-}
-
-void TestCalItemBase::rfChipId_data()
-{
-    QTest::addColumn<QJsonObject>("patch");
-    QTest::addColumn<QString>("radio");
-    QTest::addColumn<QString>("name");
-
-    QTest::newRow("TD-SCDMA 16") << QJsonObject() << "tdscdma" << "TL1D_RF_ID_RFA10";
-    QTest::newRow("TD-SCDMA 0") << Json(R"({"chipId": {"rf": 0}})") << "tdscdma" << "UNKNOWN";
-    QTest::newRow("TD-SCDMA 10, no name") << Json(R"({"chipId": {"rf": 10}})") << "tdscdma" << "";
-    QTest::newRow("TD-SCDMA 33") << Json(R"({"chipId": {"rf": 33}})") << "tdscdma" << "Unknown";
-    QTest::newRow("GSM") << QJsonObject() << "gsm" << "GSM_RF_ID_RFG3";
-    QTest::newRow("FDD") << QJsonObject() << "fdd" << "FDD_RF_ID_RFW2";
-    QTest::newRow("LTE") << QJsonObject() << "lte" << "LTE_RF_ID_RFL5";
-}
-
-// The chip's name lands under "RF Chip ID" and the file is saved.
-void TestCalItemBase::rfChipId()
-{
-    QFETCH(QJsonObject, patch);
-    QFETCH(QString, radio);
-    QFETCH(QString, name);
-
-    QVERIFY(TavoSim::PatchProfile(patch));
-    QTemporaryDir dir;
-    const QString path = dir.filePath("chip.ini");
+    void upload_data()
     {
-        TIniFile file(path);
-        CRfChipIdRecorder recorder;
-        if (radio == "tdscdma")
-            recorder.WriteTdscdmaRfChipId(&file, "Band A");
-        else if (radio == "gsm")
-            recorder.WriteGsmRfChipId(&file, "Band A");
-        else if (radio == "fdd")
-            recorder.WriteFddRfChipId(&file, "Band A");
-        else
-            recorder.WriteLteRfChipId(&file, "Band A");
-        recorder.WriteTdscdmaRfChipId(nullptr, "Band A");
+        QTest::addColumn<QString>("fault"); // the call that fails once; "database": none loaded
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("text");
+
+        QTest::newRow("success") << "" << 0 << "";
+        QTest::newRow("no database") << "database" << 100
+                                     << "TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded";
+        QTest::newRow("read fails") << "TAVO_NVRAM_Read_r" << 3
+                                    << "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
+        QTest::newRow("read fails, no text") << "TAVO_NVRAM_Read_r, no text" << 3 << "TAVO_RESULT = ";
+        QTest::newRow("decompose fails") << "TAVO_NVRAM_DecomposeTadc" << 101
+                                         << "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
     }
-    TIniFile saved(path);
-    QVERIFY(saved.IsKeyExist("Band A", "RF Chip ID"));
-    QCOMPARE(QString::fromStdString(saved.ReadString("Band A", "RF Chip ID", "-")), name);
-}
+    // A failed upload leaves the data invalid, so the next download gives 2
+    // without a call to the target.
+    void upload()
+    {
+        QFETCH(QString, fault);
+        QFETCH(int, code);
+        QFETCH(QString, text);
+
+        if (fault == "database") {
+            TavoSim::UnloadDatabase();
+        } else if (!fault.isEmpty()) {
+            TavoSim::FailOnce(fault.section(',', 0, 0));
+            if (fault.endsWith("no text"))
+                TavoSim::SetResultText(TAVO_ERR_FAILED, "");
+        }
+        CTestItem item;
+        QCOMPARE(int(item.UploadFromFlash()), code);
+        QCOMPARE(item.GetErrorMessage(), text);
+        QCOMPARE(item.isDataValid, code == 0);
+
+        TavoSim::ClearFaults();
+        TavoSim::LoadDatabase();
+        TavoSim::ClearCallLog();
+        QCOMPARE(int(item.DownloadToFlash()), code == 0 ? 0 : 2);
+        if (code != 0) {
+            QCOMPARE(item.GetErrorMessage(),
+                     QString("Data is not valid now.\nYou should load it from file or upload it from flash."));
+            QCOMPARE(TavoSim::CallNames(), QStringList());
+        }
+        if (code == 0) {
+            QCOMPARE(QList<int>(item.adc, item.adc + 8), (QList<int>{180, 330, 480, 630, 780, 930, 1080, 1230}));
+            QCOMPARE(item.capId, 160u);
+        }
+    }
+
+    void download_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<int>("skip");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<int>("written"); // records that reach the target
+
+        QTest::newRow("success") << "" << 0 << 0 << 2;
+        QTest::newRow("compose fails") << "TAVO_NVRAM_ComposeTadc" << 0 << 102 << 0;
+        QTest::newRow("write fails on the second record") << "TAVO_NVRAM_Write_r" << 1 << 3 << 1;
+    }
+    // What a download changes on the target, and what stays when it fails.
+    void download()
+    {
+        QFETCH(QString, fault);
+        QFETCH(int, skip);
+        QFETCH(int, code);
+        QFETCH(int, written);
+
+        const auto before = OnTarget();
+        CTestItem item;
+        QCOMPARE(int(item.UploadFromFlash()), 0);
+        for (uint16_t &value : item.adc)
+            value = uint16_t(value + 1);
+        item.capId = 7;
+        if (!fault.isEmpty())
+            TavoSim::InjectFault(fault, TAVO_ERR_BUSY, 1, skip);
+
+        QCOMPARE(int(item.DownloadToFlash()), code);
+        QCOMPARE(item.GetErrorMessage(),
+                 code == 0 ? QString() : "TAVO_RESULT = TAVO_ERR_BUSY: the target is in a state that refuses the command");
+        QVERIFY(item.isDataValid);
+        const auto after = OnTarget();
+        QCOMPARE(after.first, written >= 1 ? QList<int>(item.adc, item.adc + 8) : before.first);
+        QCOMPARE(after.second, written >= 2 ? item.capId : before.second);
+        QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
+    }
+
+    // No file gives 50, a file without the item's section 51, both with an empty
+    // text; a file with it makes the data valid.
+    void files()
+    {
+        QTemporaryDir dir;
+        CTestItem item;
+        QCOMPARE(int(item.ReadFromFile(nullptr)), 50);
+        QCOMPARE(int(item.WriteToFile(nullptr)), 50);
+        QCOMPARE(item.GetErrorMessage(), QString());
+
+        TIniFile file(dir.filePath("cal.ini"));
+        file.WriteString("Another item", "Key", "1");
+        QCOMPARE(int(item.ReadFromFile(&file)), 51);
+        QCOMPARE(item.GetErrorMessage(), QString());
+        QVERIFY(!item.isDataValid);
+        QCOMPARE(int(item.WriteToFile(&file)), 0);
+        QCOMPARE(int(item.ReadFromFile(&file)), 0);
+        QVERIFY(item.isDataValid);
+    }
+
+    void rfChipId_data()
+    {
+        QTest::addColumn<QJsonObject>("patch");
+        QTest::addColumn<QString>("radio");
+        QTest::addColumn<QString>("name");
+
+        QTest::newRow("TD-SCDMA 16") << QJsonObject() << "tdscdma" << "TL1D_RF_ID_RFA10";
+        QTest::newRow("TD-SCDMA 0") << Json(R"({"chipId": {"rf": 0}})") << "tdscdma" << "UNKNOWN";
+        QTest::newRow("TD-SCDMA 10, no name") << Json(R"({"chipId": {"rf": 10}})") << "tdscdma" << "";
+        QTest::newRow("TD-SCDMA 33") << Json(R"({"chipId": {"rf": 33}})") << "tdscdma" << "Unknown";
+        QTest::newRow("GSM") << QJsonObject() << "gsm" << "GSM_RF_ID_RFG3";
+        QTest::newRow("FDD") << QJsonObject() << "fdd" << "FDD_RF_ID_RFW2";
+        QTest::newRow("LTE") << QJsonObject() << "lte" << "LTE_RF_ID_RFL5";
+    }
+    // The chip's name lands under "RF Chip ID" and the file is saved.
+    void rfChipId()
+    {
+        QFETCH(QJsonObject, patch);
+        QFETCH(QString, radio);
+        QFETCH(QString, name);
+
+        QVERIFY(TavoSim::PatchProfile(patch));
+        QTemporaryDir dir;
+        const QString path = dir.filePath("chip.ini");
+        {
+            TIniFile file(path);
+            CRfChipIdRecorder recorder;
+            if (radio == "tdscdma")
+                recorder.WriteTdscdmaRfChipId(&file, "Band A");
+            else if (radio == "gsm")
+                recorder.WriteGsmRfChipId(&file, "Band A");
+            else if (radio == "fdd")
+                recorder.WriteFddRfChipId(&file, "Band A");
+            else
+                recorder.WriteLteRfChipId(&file, "Band A");
+            recorder.WriteTdscdmaRfChipId(nullptr, "Band A");
+        }
+        TIniFile saved(path);
+        QVERIFY(saved.IsKeyExist("Band A", "RF Chip ID"));
+        QCOMPARE(QString::fromStdString(saved.ReadString("Band A", "RF Chip ID", "-")), name);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestCalItemBase)
 #include "tst_CalItemBase.moc"

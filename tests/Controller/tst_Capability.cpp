@@ -75,217 +75,199 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void answersOfEachProfile_data();
-    void answersOfEachProfile();
-    void bandsAndGroups_data();
-    void bandsAndGroups();
-    void txClpcMode_data();
-    void txClpcMode();
-    void bandIndexOutOfRange();
-    void answersAreAskedOnceUntilReset_data();
-    void answersAreAskedOnceUntilReset();
-    void failedQueryGivesZeros_data();
-    void failedQueryGivesZeros();
-    void rfIdsAreAskedEachTime();
+    void answersOfEachProfile_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("answers");
+
+        QTest::newRow("default") << "default"
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("legacy-v1") << "legacy-v1"
+            << "bands=11110000 groups=11100 rf=3 tadcByCal=1 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
+               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=1 lte=0/0";
+        QTest::newRow("modern-l1") << "modern-l1"
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=1/2 afcL1=1/3 gpsL1=1/3 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=1/0";
+        QTest::newRow("v1-pathloss-v2") << "v1-pathloss-v2"
+            << "bands=00001110 groups=10010 rf=32 tadcByCal=1 q3=0 rxExt=1 plV3=0 ubin=1 nvram=1/1 agcEx=1 apcEx=0 "
+               "clpc=1 selfCal=1/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("bare: no option command") << "bare"
+            << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
+               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=0 lte=0/0";
+        QTest::newRow("rf-chip-id-zero") << "rf-chip-id-zero"
+            << "bands=11000000 groups=11000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
+               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=0 lte=0/0";
+        QTest::newRow("capability-failure: zeros") << "capability-failure"
+            << "bands=00000000 groups=00000 rf=3 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
+               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=1 lte=0/0";
+        QTest::newRow("no-tdscdma: self cal of GSM only") << "no-tdscdma"
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=0/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("query-failure: multi-RAT zeros") << "query-failure"
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=1 tadcSingle=1 lte=5/1";
+    }
+    void answersOfEachProfile()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, answers);
+        SimScope sim(profile);
+        QVERIFY(sim.IsLoaded());
+        QCOMPARE(AllAnswers(), answers);
+    }
+
+    void bandsAndGroups_data()
+    {
+        QTest::addColumn<QJsonArray>("bandNames");
+        QTest::addColumn<QString>("bands");
+        QTest::addColumn<QString>("groups");
+
+        // Band a alone: the rf-chip-id-zero profile above.
+        QTest::newRow("b") << QJsonArray{"b"} << "00110000" << "10100";
+        QTest::newRow("c") << QJsonArray{"c"} << "00001000" << "10000";
+        QTest::newRow("d") << QJsonArray{"d"} << "00000100" << "00010";
+        QTest::newRow("f") << QJsonArray{"f"} << "00000010" << "10000";
+        QTest::newRow("e") << QJsonArray{"e"} << "00000001" << "00001";
+        QTest::newRow("none") << QJsonArray{} << "00000000" << "00000";
+    }
+    void bandsAndGroups()
+    {
+        QFETCH(QJsonArray, bandNames);
+        QFETCH(QString, bands);
+        QFETCH(QString, groups);
+
+        SimScope sim("default");
+        QJsonObject tdscdma{{"bands", bandNames}};
+        QVERIFY(TavoSim::PatchProfile(QJsonObject{{"tdscdma", tdscdma}}));
+        CTdscdmaCapability capability;
+        QString bandText;
+        for (int i = 0; i < 8; ++i)
+            bandText += capability.IsBandSupported(i) ? '1' : '0';
+        QString groupText;
+        for (int i = 0; i < 5; ++i)
+            groupText += capability.IsBandGroupSupported(i) ? '1' : '0';
+        QCOMPARE(bandText, bands);
+        QCOMPARE(groupText, groups);
+    }
+
+    void txClpcMode_data()
+    {
+        QTest::addColumn<QJsonObject>("patch");
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("nvramVersion");
+        QTest::addColumn<bool>("ubin");
+
+        QTest::newRow("value 0") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 0}}})") << 0 << 2 << true;
+        QTest::newRow("value 1") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 1}}})") << 1 << 2 << true;
+        QTest::newRow("value 5") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 5}}})") << 2 << 2 << true;
+        QTest::newRow("field invalid") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": null}}})") << 0 << 2
+                                       << true;
+        QTest::newRow("no RF capability record") << Json(R"({"tdscdma": {"rfCapability": null}})") << 0 << 0 << false;
+        QTest::newRow("structure version 3") << Json(R"({"tdscdma": {"rfCapability": {"nvramVersion": 3}}})") << 1
+                                             << 3 << true;
+    }
+    void txClpcMode()
+    {
+        QFETCH(QJsonObject, patch);
+        QFETCH(int, mode);
+        QFETCH(int, nvramVersion);
+        QFETCH(bool, ubin);
+
+        SimScope sim("default");
+        QVERIFY(TavoSim::PatchProfile(patch));
+        CTdscdmaCapability capability;
+        QCOMPARE(int(capability.GetNvramVerNum()), nvramVersion);
+        QCOMPARE(capability.GetTxClpcMode(), mode);
+        QCOMPARE(capability.IsUbinSupported(), ubin);
+        if (nvramVersion == 0)
+            QCOMPARE(TavoSim::CallCount("AST_GetRfCapability_r"), 0);
+    }
+
+    void bandIndexOutOfRange()
+    {
+        SimScope sim("default");
+        CTdscdmaCapability capability;
+        QVERIFY(capability.IsBandSupported(7));
+        QVERIFY(!capability.IsBandSupported(8));
+        QVERIFY(!capability.IsBandSupported(-1));
+        QVERIFY(capability.IsBandGroupSupported(4));
+        QVERIFY(!capability.IsBandGroupSupported(5));
+    }
+
+    void answersAreAskedOnceUntilReset_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::newRow("default") << "default";
+        QTest::newRow("legacy-v1") << "legacy-v1";
+        QTest::newRow("query-failure") << "query-failure";
+        QTest::newRow("bare") << "bare";
+    }
+    void answersAreAskedOnceUntilReset()
+    {
+        QFETCH(QString, profile);
+        SimScope sim(profile);
+
+        const QString first = AllAnswers();
+        const int calls = TavoSim::CallLog().size();
+        QVERIFY(calls > 0);
+        QCOMPARE(AllAnswers(), first);
+        QCOMPARE(TavoSim::CallLog().size(), calls);
+
+        CTdscdmaCore::GetInstance()->ResetCapability();
+        QCOMPARE(AllAnswers(), first);
+        QCOMPARE(TavoSim::CallLog().size(), 2 * calls);
+    }
+
+    void failedQueryGivesZeros_data()
+    {
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<int>("asked");
+        QTest::addColumn<QString>("answers");
+
+        // The option word is asked by the chip id query and the capability query.
+        QTest::newRow("option word") << "TAVO_Util_QueryTargetOptionInfo" << 2
+            << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
+               "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("chip id") << "AST_CAL_get_chipid_r" << 1
+            << "bands=11111111 groups=11111 rf=0 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("RF capability record") << "AST_GetRfCapability_r" << 1
+            << "bands=00000000 groups=00000 rf=16 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=1 apcEx=1 "
+               "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("GSM Ex2") << "TAVO_Rf_QueryMSCapabilityEx2_r" << 1
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=5/1";
+        QTest::newRow("LTE") << "TAVO_ERf_GetRfCapability_r" << 1
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=0/0";
+    }
+    void failedQueryGivesZeros()
+    {
+        QFETCH(QString, failingCall);
+        QFETCH(int, asked);
+        QFETCH(QString, answers);
+        SimScope sim("default");
+        TavoSim::FailAlways(failingCall);
+        QCOMPARE(AllAnswers(), answers);
+        // A failed query is not repeated before a reset.
+        TavoSim::ClearFaults();
+        QCOMPARE(AllAnswers(), answers);
+        QCOMPARE(TavoSim::CallCount(failingCall), asked);
+    }
+
+    void rfIdsAreAskedEachTime()
+    {
+        SimScope sim("default");
+        CGsmRfCapability gsm;
+        CFddRfCapability fdd;
+        QCOMPARE(gsm.GetGsmRfId(), 3u);
+        QCOMPARE(fdd.GetFddRfId(), 2u);
+        TavoSim::FailOnce("TAVO_Rf_GetRFID_r");
+        QCOMPARE(gsm.GetGsmRfId(), 0u);
+        QCOMPARE(gsm.GetGsmRfId(), 3u);
+    }
 };
-
-void TestCapability::answersOfEachProfile_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<QString>("answers");
-
-    QTest::newRow("default") << "default"
-        << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-    QTest::newRow("legacy-v1") << "legacy-v1"
-        << "bands=11110000 groups=11100 rf=3 tadcByCal=1 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-           "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=1 lte=0/0";
-    QTest::newRow("modern-l1") << "modern-l1"
-        << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=1/1 tadcL1=1/2 afcL1=1/3 gpsL1=1/3 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=1/0";
-    QTest::newRow("v1-pathloss-v2") << "v1-pathloss-v2"
-        << "bands=00001110 groups=10010 rf=32 tadcByCal=1 q3=0 rxExt=1 plV3=0 ubin=1 nvram=1/1 agcEx=1 apcEx=0 "
-           "clpc=1 selfCal=1/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=1 tadcSingle=1 lte=5/1";
-    QTest::newRow("bare: no option command") << "bare"
-        << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-           "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=0 lte=0/0";
-    QTest::newRow("rf-chip-id-zero") << "rf-chip-id-zero"
-        << "bands=11000000 groups=11000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-           "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=0 lte=0/0";
-    QTest::newRow("capability-failure: zeros") << "capability-failure"
-        << "bands=00000000 groups=00000 rf=3 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-           "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=1 lte=0/0";
-    QTest::newRow("no-tdscdma: self cal of GSM only") << "no-tdscdma"
-        << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=0/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-    QTest::newRow("query-failure: multi-RAT zeros") << "query-failure"
-        << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=1 tadcSingle=1 lte=5/1";
-}
-
-void TestCapability::answersOfEachProfile()
-{
-    QFETCH(QString, profile);
-    QFETCH(QString, answers);
-    SimScope sim(profile);
-    QVERIFY(sim.IsLoaded());
-    QCOMPARE(AllAnswers(), answers);
-}
-
-void TestCapability::bandsAndGroups_data()
-{
-    QTest::addColumn<QJsonArray>("bandNames");
-    QTest::addColumn<QString>("bands");
-    QTest::addColumn<QString>("groups");
-
-    // Band a alone: the rf-chip-id-zero profile above.
-    QTest::newRow("b") << QJsonArray{"b"} << "00110000" << "10100";
-    QTest::newRow("c") << QJsonArray{"c"} << "00001000" << "10000";
-    QTest::newRow("d") << QJsonArray{"d"} << "00000100" << "00010";
-    QTest::newRow("f") << QJsonArray{"f"} << "00000010" << "10000";
-    QTest::newRow("e") << QJsonArray{"e"} << "00000001" << "00001";
-    QTest::newRow("none") << QJsonArray{} << "00000000" << "00000";
-}
-
-void TestCapability::bandsAndGroups()
-{
-    QFETCH(QJsonArray, bandNames);
-    QFETCH(QString, bands);
-    QFETCH(QString, groups);
-
-    SimScope sim("default");
-    QJsonObject tdscdma{{"bands", bandNames}};
-    QVERIFY(TavoSim::PatchProfile(QJsonObject{{"tdscdma", tdscdma}}));
-    CTdscdmaCapability capability;
-    QString bandText;
-    for (int i = 0; i < 8; ++i)
-        bandText += capability.IsBandSupported(i) ? '1' : '0';
-    QString groupText;
-    for (int i = 0; i < 5; ++i)
-        groupText += capability.IsBandGroupSupported(i) ? '1' : '0';
-    QCOMPARE(bandText, bands);
-    QCOMPARE(groupText, groups);
-}
-
-void TestCapability::txClpcMode_data()
-{
-    QTest::addColumn<QJsonObject>("patch");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("nvramVersion");
-    QTest::addColumn<bool>("ubin");
-
-    QTest::newRow("value 0") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 0}}})") << 0 << 2 << true;
-    QTest::newRow("value 1") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 1}}})") << 1 << 2 << true;
-    QTest::newRow("value 5") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 5}}})") << 2 << 2 << true;
-    QTest::newRow("field invalid") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": null}}})") << 0 << 2
-                                   << true;
-    QTest::newRow("no RF capability record") << Json(R"({"tdscdma": {"rfCapability": null}})") << 0 << 0 << false;
-    QTest::newRow("structure version 3") << Json(R"({"tdscdma": {"rfCapability": {"nvramVersion": 3}}})") << 1
-                                         << 3 << true;
-}
-
-void TestCapability::txClpcMode()
-{
-    QFETCH(QJsonObject, patch);
-    QFETCH(int, mode);
-    QFETCH(int, nvramVersion);
-    QFETCH(bool, ubin);
-
-    SimScope sim("default");
-    QVERIFY(TavoSim::PatchProfile(patch));
-    CTdscdmaCapability capability;
-    QCOMPARE(int(capability.GetNvramVerNum()), nvramVersion);
-    QCOMPARE(capability.GetTxClpcMode(), mode);
-    QCOMPARE(capability.IsUbinSupported(), ubin);
-    if (nvramVersion == 0)
-        QCOMPARE(TavoSim::CallCount("AST_GetRfCapability_r"), 0);
-}
-
-void TestCapability::bandIndexOutOfRange()
-{
-    SimScope sim("default");
-    CTdscdmaCapability capability;
-    QVERIFY(capability.IsBandSupported(7));
-    QVERIFY(!capability.IsBandSupported(8));
-    QVERIFY(!capability.IsBandSupported(-1));
-    QVERIFY(capability.IsBandGroupSupported(4));
-    QVERIFY(!capability.IsBandGroupSupported(5));
-}
-
-void TestCapability::answersAreAskedOnceUntilReset_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::newRow("default") << "default";
-    QTest::newRow("legacy-v1") << "legacy-v1";
-    QTest::newRow("query-failure") << "query-failure";
-    QTest::newRow("bare") << "bare";
-}
-
-void TestCapability::answersAreAskedOnceUntilReset()
-{
-    QFETCH(QString, profile);
-    SimScope sim(profile);
-
-    const QString first = AllAnswers();
-    const int calls = TavoSim::CallLog().size();
-    QVERIFY(calls > 0);
-    QCOMPARE(AllAnswers(), first);
-    QCOMPARE(TavoSim::CallLog().size(), calls);
-
-    CTdscdmaCore::GetInstance()->ResetCapability();
-    QCOMPARE(AllAnswers(), first);
-    QCOMPARE(TavoSim::CallLog().size(), 2 * calls);
-}
-
-void TestCapability::failedQueryGivesZeros_data()
-{
-    QTest::addColumn<QString>("failingCall");
-    QTest::addColumn<int>("asked");
-    QTest::addColumn<QString>("answers");
-
-    // The option word is asked by the chip id query and the capability query.
-    QTest::newRow("option word") << "TAVO_Util_QueryTargetOptionInfo" << 2
-        << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-           "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-    QTest::newRow("chip id") << "AST_CAL_get_chipid_r" << 1
-        << "bands=11111111 groups=11111 rf=0 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-    QTest::newRow("RF capability record") << "AST_GetRfCapability_r" << 1
-        << "bands=00000000 groups=00000 rf=16 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=1 apcEx=1 "
-           "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-    QTest::newRow("GSM Ex2") << "TAVO_Rf_QueryMSCapabilityEx2_r" << 1
-        << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=5/1";
-    QTest::newRow("LTE") << "TAVO_ERf_GetRfCapability_r" << 1
-        << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-           "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=0/0";
-}
-
-void TestCapability::failedQueryGivesZeros()
-{
-    QFETCH(QString, failingCall);
-    QFETCH(int, asked);
-    QFETCH(QString, answers);
-    SimScope sim("default");
-    TavoSim::FailAlways(failingCall);
-    QCOMPARE(AllAnswers(), answers);
-    // A failed query is not repeated before a reset.
-    TavoSim::ClearFaults();
-    QCOMPARE(AllAnswers(), answers);
-    QCOMPARE(TavoSim::CallCount(failingCall), asked);
-}
-
-void TestCapability::rfIdsAreAskedEachTime()
-{
-    SimScope sim("default");
-    CGsmRfCapability gsm;
-    CFddRfCapability fdd;
-    QCOMPARE(gsm.GetGsmRfId(), 3u);
-    QCOMPARE(fdd.GetFddRfId(), 2u);
-    TavoSim::FailOnce("TAVO_Rf_GetRFID_r");
-    QCOMPARE(gsm.GetGsmRfId(), 0u);
-    QCOMPARE(gsm.GetGsmRfId(), 3u);
-}
 
 QTEST_GUILESS_MAIN(TestCapability)
 #include "tst_Capability.moc"

@@ -65,192 +65,181 @@ class TestNvramMan : public QObject {
 private slots:
     void cleanup() { TavoSim::Reset(); }
 
-    void batch_data();
-    void batch();
-    void badEntry_data();
-    void badEntry();
-    void integrity_data();
-    void integrity();
-    void doneSignalCrossesThreads();
-};
+    void batch_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<bool>("write");
+        QTest::addColumn<int>("failAt"); // index of the record whose call fails; -1: none
+        QTest::addColumn<int>("result");
 
-void TestNvramMan::batch_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<bool>("write");
-    QTest::addColumn<int>("failAt"); // index of the record whose call fails; -1: none
-    QTest::addColumn<int>("result");
-
-    QTest::newRow("read") << "default" << false << -1 << 0;
-    QTest::newRow("write") << "default" << true << -1 << 0;
-    QTest::newRow("read fails on the second") << "default" << false << 1 << int(TAVO_ERR_TIMEOUT);
-    QTest::newRow("write fails on the second") << "default" << true << 1 << int(TAVO_ERR_LID_NOT_FOUND);
-    QTest::newRow("write fails on the last") << "default" << true << 2 << int(TAVO_ERR_FAILED);
-    QTest::newRow("C2K read") << "c2k-modem" << false << -1 << 0;
-    QTest::newRow("C2K write fails on the first") << "c2k-modem" << true << 0 << int(TAVO_ERR_FAILED);
-}
-
-// The records before a failure are done, the failing one and those after it
-// are untouched, and the result and the done signal carry the failure.
-void TestNvramMan::batch()
-{
-    QFETCH(QString, profile);
-    QFETCH(bool, write);
-    QFETCH(int, failAt);
-    QFETCH(int, result);
-
-    SimScope sim(profile);
-    QVERIFY(sim.IsLoaded());
-    const bool c2k = profile == "c2k-modem";
-    const QString transport = QString(c2k ? "TAVO_C2K_NVRAM_%1_r" : "TAVO_NVRAM_%1_r").arg(write ? "Write" : "Read");
-    if (failAt >= 0)
-        TavoSim::InjectFault(transport, result, 1, failAt);
-
-    SBatch batch('\x5a');
-    std::vector<QByteArray> before;
-    for (size_t i = 0; i < batch.lids.size(); ++i)
-        before.push_back(batch.Held(i));
-    CNvramMan man;
-    QSignalSpy readDone(&man, &CNvramMan::Signal_ReadNvramDone);
-    QSignalSpy writeDone(&man, &CNvramMan::Signal_WriteNvramDone);
-
-    QCOMPARE(batch.Run(man, write), result);
-
-    QSignalSpy &done = write ? writeDone : readDone;
-    QCOMPARE(done.count(), 1);
-    QCOMPARE(done.first().first().toInt(), result);
-    QCOMPARE((write ? readDone : writeDone).count(), 0);
-
-    const size_t doneRecords = failAt < 0 ? batch.lids.size() : size_t(failAt);
-    const QVector<TavoSim::CallRecord> log = TavoSim::CallLog();
-    QStringList transfers;
-    for (const TavoSim::CallRecord &call : log) {
-        if (call.name.contains("NVRAM_Read_r") || call.name.contains("NVRAM_Write_r"))
-            transfers << call.name + ' ' + call.args.join(' ');
+        QTest::newRow("read") << "default" << false << -1 << 0;
+        QTest::newRow("write") << "default" << true << -1 << 0;
+        QTest::newRow("read fails on the second") << "default" << false << 1 << int(TAVO_ERR_TIMEOUT);
+        QTest::newRow("write fails on the second") << "default" << true << 1 << int(TAVO_ERR_LID_NOT_FOUND);
+        QTest::newRow("write fails on the last") << "default" << true << 2 << int(TAVO_ERR_FAILED);
+        QTest::newRow("C2K read") << "c2k-modem" << false << -1 << 0;
+        QTest::newRow("C2K write fails on the first") << "c2k-modem" << true << 0 << int(TAVO_ERR_FAILED);
     }
-    QCOMPARE(transfers.size(), int(failAt < 0 ? batch.lids.size() : size_t(failAt) + 1));
-    for (int i = 0; i < transfers.size(); ++i) {
-        QCOMPARE(transfers[i], QString("%1 lid=%2 record=%3 size=%4")
-                                   .arg(transport, batch.lids[size_t(i)])
-                                   .arg(batch.records[size_t(i)])
-                                   .arg(batch.sizes[size_t(i)]));
+    // The records before a failure are done, the failing one and those after it
+    // are untouched, and the result and the done signal carry the failure.
+    void batch()
+    {
+        QFETCH(QString, profile);
+        QFETCH(bool, write);
+        QFETCH(int, failAt);
+        QFETCH(int, result);
+
+        SimScope sim(profile);
+        QVERIFY(sim.IsLoaded());
+        const bool c2k = profile == "c2k-modem";
+        const QString transport = QString(c2k ? "TAVO_C2K_NVRAM_%1_r" : "TAVO_NVRAM_%1_r").arg(write ? "Write" : "Read");
+        if (failAt >= 0)
+            TavoSim::InjectFault(transport, result, 1, failAt);
+
+        SBatch batch('\x5a');
+        std::vector<QByteArray> before;
+        for (size_t i = 0; i < batch.lids.size(); ++i)
+            before.push_back(batch.Held(i));
+        CNvramMan man;
+        QSignalSpy readDone(&man, &CNvramMan::Signal_ReadNvramDone);
+        QSignalSpy writeDone(&man, &CNvramMan::Signal_WriteNvramDone);
+
+        QCOMPARE(batch.Run(man, write), result);
+
+        QSignalSpy &done = write ? writeDone : readDone;
+        QCOMPARE(done.count(), 1);
+        QCOMPARE(done.first().first().toInt(), result);
+        QCOMPARE((write ? readDone : writeDone).count(), 0);
+
+        const size_t doneRecords = failAt < 0 ? batch.lids.size() : size_t(failAt);
+        const QVector<TavoSim::CallRecord> log = TavoSim::CallLog();
+        QStringList transfers;
+        for (const TavoSim::CallRecord &call : log) {
+            if (call.name.contains("NVRAM_Read_r") || call.name.contains("NVRAM_Write_r"))
+                transfers << call.name + ' ' + call.args.join(' ');
+        }
+        QCOMPARE(transfers.size(), int(failAt < 0 ? batch.lids.size() : size_t(failAt) + 1));
+        for (int i = 0; i < transfers.size(); ++i) {
+            QCOMPARE(transfers[i], QString("%1 lid=%2 record=%3 size=%4")
+                                       .arg(transport, batch.lids[size_t(i)])
+                                       .arg(batch.records[size_t(i)])
+                                       .arg(batch.sizes[size_t(i)]));
+        }
+        for (size_t i = 0; i < batch.lids.size(); ++i) {
+            const QByteArray sent(batch.data[i].size(), '\x5a');
+            if (write)
+                QCOMPARE(batch.Held(i), i < doneRecords ? sent : before[i]);
+            else
+                QCOMPARE(batch.data[i], i < doneRecords ? before[i] : sent);
+        }
+        QCOMPARE(TavoSim::CallCount(kStartEx), write ? 1 : 0);
     }
-    for (size_t i = 0; i < batch.lids.size(); ++i) {
-        const QByteArray sent(batch.data[i].size(), '\x5a');
-        if (write)
-            QCOMPARE(batch.Held(i), i < doneRecords ? sent : before[i]);
+
+    void badEntry_data()
+    {
+        QTest::addColumn<bool>("write");
+        QTest::addColumn<QString>("entry");
+
+        for (const bool write : {false, true}) {
+            for (const char *entry : {"lid", "record", "size", "buffer"})
+                QTest::addRow("%s, no %s", write ? "write" : "read", entry) << write << entry;
+        }
+    }
+    // An entry the target could not take ends the batch with 1 before any call
+    // for it; the integrity record still closes.
+    void badEntry()
+    {
+        QFETCH(bool, write);
+        QFETCH(QString, entry);
+
+        SimScope sim;
+        SBatch batch('\1');
+        if (entry == "lid")
+            batch.lids[1] = nullptr;
+        else if (entry == "record")
+            batch.records[1] = 0;
+        else if (entry == "size")
+            batch.sizes[1] = 0;
         else
-            QCOMPARE(batch.data[i], i < doneRecords ? before[i] : sent);
+            batch.buffers[1] = nullptr;
+        CNvramMan man;
+        QSignalSpy done(&man, write ? &CNvramMan::Signal_WriteNvramDone : &CNvramMan::Signal_ReadNvramDone);
+
+        QCOMPARE(batch.Run(man, write), 1);
+        QCOMPARE(done.count(), 1);
+        QCOMPARE(done.first().first().toInt(), 1);
+        QCOMPARE(Matching(TavoSim::CallNames(), "NVRAM_").size(), 1);
+        QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
     }
-    QCOMPARE(TavoSim::CallCount(kStartEx), write ? 1 : 0);
-}
 
-void TestNvramMan::badEntry_data()
-{
-    QTest::addColumn<bool>("write");
-    QTest::addColumn<QString>("entry");
+    void integrity_data()
+    {
+        QTest::addColumn<QString>("commands"); // "nvram.integrity" of the target
+        QTest::addColumn<QString>("fault");    // the call that fails once
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<bool>("openAtDone"); // the record is open when the done signal comes
 
-    for (const bool write : {false, true}) {
-        for (const char *entry : {"lid", "record", "size", "buffer"})
-            QTest::addRow("%s, no %s", write ? "write" : "read", entry) << write << entry;
+        const QString write = "TAVO_NVRAM_Write_r";
+        const QString stopEx = "TAVO_MISC_CalDataIntegrity_StopRec_Ex_r";
+        const QString start = "TAVO_MISC_CalDataIntegrity_StartRec_r";
+        const QString stop = "TAVO_MISC_CalDataIntegrity_StopRec_r";
+        QTest::newRow("Ex commands") << "ex" << "" << QStringList{kStartEx, write, write, write, stopEx} << true;
+        QTest::newRow("older commands only") << "plain" << "" << QStringList{start, write, write, write, stop} << true;
+        QTest::newRow("no integrity commands") << "none" << "" << QStringList{write, write, write} << false;
+        QTest::newRow("write fails") << "ex" << write << QStringList{kStartEx, write, stopEx} << true;
+        QTest::newRow("start fails") << "ex" << kStartEx << QStringList{kStartEx, write, write, write, stopEx} << false;
     }
-}
+    // One record around the whole batch, opened before the first write, closed
+    // after the done signal; a failing integrity call changes nothing.
+    void integrity()
+    {
+        QFETCH(QString, commands);
+        QFETCH(QString, fault);
+        QFETCH(QStringList, calls);
+        QFETCH(bool, openAtDone);
 
-// An entry the target could not take ends the batch with 1 before any call
-// for it; the integrity record still closes.
-void TestNvramMan::badEntry()
-{
-    QFETCH(bool, write);
-    QFETCH(QString, entry);
+        SimScope sim;
+        QVERIFY(TavoSim::PatchProfile({{"nvram", QJsonObject{{"integrity", commands}}}}));
+        if (!fault.isEmpty())
+            TavoSim::FailOnce(fault);
+        SBatch batch('\2');
+        CNvramMan man;
+        bool wasOpen = !openAtDone;
+        connect(&man, &CNvramMan::Signal_WriteNvramDone, this, [&] { wasOpen = TavoSim::IsCalDataIntegrityOpen(); });
 
-    SimScope sim;
-    SBatch batch('\1');
-    if (entry == "lid")
-        batch.lids[1] = nullptr;
-    else if (entry == "record")
-        batch.records[1] = 0;
-    else if (entry == "size")
-        batch.sizes[1] = 0;
-    else
-        batch.buffers[1] = nullptr;
-    CNvramMan man;
-    QSignalSpy done(&man, write ? &CNvramMan::Signal_WriteNvramDone : &CNvramMan::Signal_ReadNvramDone);
-
-    QCOMPARE(batch.Run(man, write), 1);
-    QCOMPARE(done.count(), 1);
-    QCOMPARE(done.first().first().toInt(), 1);
-    QCOMPARE(Matching(TavoSim::CallNames(), "NVRAM_").size(), 1);
-    QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
-}
-
-void TestNvramMan::integrity_data()
-{
-    QTest::addColumn<QString>("commands"); // "nvram.integrity" of the target
-    QTest::addColumn<QString>("fault");    // the call that fails once
-    QTest::addColumn<QStringList>("calls");
-    QTest::addColumn<bool>("openAtDone"); // the record is open when the done signal comes
-
-    const QString write = "TAVO_NVRAM_Write_r";
-    const QString stopEx = "TAVO_MISC_CalDataIntegrity_StopRec_Ex_r";
-    const QString start = "TAVO_MISC_CalDataIntegrity_StartRec_r";
-    const QString stop = "TAVO_MISC_CalDataIntegrity_StopRec_r";
-    QTest::newRow("Ex commands") << "ex" << "" << QStringList{kStartEx, write, write, write, stopEx} << true;
-    QTest::newRow("older commands only") << "plain" << "" << QStringList{start, write, write, write, stop} << true;
-    QTest::newRow("no integrity commands") << "none" << "" << QStringList{write, write, write} << false;
-    QTest::newRow("write fails") << "ex" << write << QStringList{kStartEx, write, stopEx} << true;
-    QTest::newRow("start fails") << "ex" << kStartEx << QStringList{kStartEx, write, write, write, stopEx} << false;
-}
-
-// One record around the whole batch, opened before the first write, closed
-// after the done signal; a failing integrity call changes nothing.
-void TestNvramMan::integrity()
-{
-    QFETCH(QString, commands);
-    QFETCH(QString, fault);
-    QFETCH(QStringList, calls);
-    QFETCH(bool, openAtDone);
-
-    SimScope sim;
-    QVERIFY(TavoSim::PatchProfile({{"nvram", QJsonObject{{"integrity", commands}}}}));
-    if (!fault.isEmpty())
-        TavoSim::FailOnce(fault);
-    SBatch batch('\2');
-    CNvramMan man;
-    bool wasOpen = !openAtDone;
-    connect(&man, &CNvramMan::Signal_WriteNvramDone, this, [&] { wasOpen = TavoSim::IsCalDataIntegrityOpen(); });
-
-    QCOMPARE(batch.Run(man, true), fault == "TAVO_NVRAM_Write_r" ? TAVO_ERR_FAILED : TAVO_OK);
-    QStringList made;
-    for (const QString &name : TavoSim::CallNames()) {
-        if (name.contains("_StartRec") || name.contains("_StopRec") || name.contains("NVRAM_Write"))
-            made << name;
+        QCOMPARE(batch.Run(man, true), fault == "TAVO_NVRAM_Write_r" ? TAVO_ERR_FAILED : TAVO_OK);
+        QStringList made;
+        for (const QString &name : TavoSim::CallNames()) {
+            if (name.contains("_StartRec") || name.contains("_StopRec") || name.contains("NVRAM_Write"))
+                made << name;
+        }
+        QCOMPARE(made, calls);
+        QCOMPARE(wasOpen, openAtDone);
+        QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
     }
-    QCOMPARE(made, calls);
-    QCOMPARE(wasOpen, openAtDone);
-    QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
-}
 
-// The done signal comes on the worker's thread and reaches a receiver on
-// another thread through a queued connection.
-void TestNvramMan::doneSignalCrossesThreads()
-{
-    SimScope sim;
-    SBatch batch('\3');
-    CNvramMan man;
-    QObject receiver;
-    QThread *signalThread = nullptr;
-    QList<int> results;
-    connect(&man, &CNvramMan::Signal_ReadNvramDone, &receiver, [&](TAVO_RESULT result) { results << result; },
-            Qt::QueuedConnection);
-    connect(&man, &CNvramMan::Signal_ReadNvramDone, this, [&] { signalThread = QThread::currentThread(); },
-            Qt::DirectConnection);
+    // The done signal comes on the worker's thread and reaches a receiver on
+    // another thread through a queued connection.
+    void doneSignalCrossesThreads()
+    {
+        SimScope sim;
+        SBatch batch('\3');
+        CNvramMan man;
+        QObject receiver;
+        QThread *signalThread = nullptr;
+        QList<int> results;
+        connect(&man, &CNvramMan::Signal_ReadNvramDone, &receiver, [&](TAVO_RESULT result) { results << result; },
+                Qt::QueuedConnection);
+        connect(&man, &CNvramMan::Signal_ReadNvramDone, this, [&] { signalThread = QThread::currentThread(); },
+                Qt::DirectConnection);
 
-    QFuture<TAVO_RESULT> future = QtConcurrent::run([&] { return batch.Run(man, false); });
-    future.waitForFinished();
-    QCOMPARE(future.result(), TAVO_OK);
-    QVERIFY(signalThread && signalThread != QThread::currentThread());
-    QTRY_COMPARE(results, QList<int>{TAVO_OK});
-}
+        QFuture<TAVO_RESULT> future = QtConcurrent::run([&] { return batch.Run(man, false); });
+        future.waitForFinished();
+        QCOMPARE(future.result(), TAVO_OK);
+        QVERIFY(signalThread && signalThread != QThread::currentThread());
+        QTRY_COMPARE(results, QList<int>{TAVO_OK});
+    }
+};
 
 QTEST_GUILESS_MAIN(TestNvramMan)
 #include "tst_NvramMan.moc"

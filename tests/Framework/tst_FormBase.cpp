@@ -58,123 +58,115 @@ private slots:
     }
     void init() { StopCountingPage::s_made = 0; }
 
-    void pagesFromTheList_data();
-    void pagesFromTheList();
-    void turningToATabStopsAndDisables();
-    void selectingAPageRaisesIt();
-    void statusAndBusyAreForwarded();
-    void closeDocksFloatingPagesBack();
+    void pagesFromTheList_data()
+    {
+        QTest::addColumn<QStringList>("list");
+        QTest::addColumn<int>("pages");
+        QTest::addColumn<int>("tabs");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("boxText");
+        QTest::addColumn<QString>("boxInformative");
+
+        QTest::newRow("two pages, one stack") << QStringList{"StopCountingPage", "OtherPage"} << 2 << 2 << "Init done."
+                                              << "" << "";
+        QTest::newRow("a single page forms no tab") << QStringList{"OtherPage"} << 1 << 0 << "Init done." << "" << "";
+        QTest::newRow("unknown names are told, the others built")
+            << QStringList{"NoSuchPage", "StopCountingPage", "QObject"} << 1 << 0 << "Init done."
+            << "There are some page failed in init flow" << "NoSuchPage: unknown type\nQObject: cannot new Instance";
+        QTest::newRow("empty list") << QStringList{} << 0 << 0 << "Init failed." << "Without any RF page init flow."
+                                    << "";
+    }
+    void pagesFromTheList()
+    {
+        QFETCH(QStringList, list);
+        QFETCH(int, pages);
+        QFETCH(int, tabs);
+        QFETCH(QString, status);
+        QFETCH(QString, boxText);
+        QFETCH(QString, boxInformative);
+
+        TestForm form;
+        form.show();
+        form.setEnabled(false);
+        ModalBoxCatcher boxes;
+        form.InitPage(list);
+        QVERIFY(form.isEnabled());
+        QCOMPARE(form.Pages().size(), pages);
+        int tabCount = 0;
+        for (QTabBar *bar : form.findChildren<QTabBar *>())
+            tabCount += bar->count();
+        QCOMPARE(tabCount, tabs);
+        QCOMPARE(form.Status(), status);
+        QCOMPARE(boxes.Count(), boxText.isEmpty() ? 0 : 1);
+        if (!boxText.isEmpty()) {
+            QCOMPARE(boxes.Boxes()[0].title, QString("Form"));
+            QCOMPARE(boxes.Boxes()[0].text, CMessageBoxMan::WrapText(boxText));
+            QCOMPARE(boxes.Boxes()[0].informativeText, boxInformative);
+        }
+        if (pages > 0)
+            QCOMPARE(form.ViewMenu()->actions().size(), pages);
+    }
+
+    void turningToATabStopsAndDisables()
+    {
+        TestForm form;
+        form.show();
+        form.InitPage({"StopCountingPage", "OtherPage", "StopCountingPage"});
+        const auto pages = form.findChildren<StopCountingPage *>();
+        QCOMPARE(pages.size(), 3);
+        pages[2]->setFloating(true);
+        for (StopCountingPage *page : pages)
+            page->stops = 0;
+
+        pages[0]->raise();
+        QTRY_VERIFY(pages[0]->isEnabled());
+        QVERIFY(!pages[1]->isEnabled());
+        QVERIFY(pages[2]->isEnabled()); // floating pages stay in reach
+        for (StopCountingPage *page : pages)
+            QVERIFY(page->stops >= 1);
+    }
+
+    void selectingAPageRaisesIt()
+    {
+        TestForm form;
+        form.show();
+        form.InitPage({"StopCountingPage", "OtherPage"});
+        QAction *second = form.ViewMenu()->actions().at(1);
+        QCOMPARE(second->text(), QString("Page 2"));
+        second->trigger();
+        QTRY_VERIFY(form.Pages().size() == 2);
+        for (QTabBar *bar : form.findChildren<QTabBar *>()) {
+            if (bar->count() == 2)
+                QTRY_COMPARE(bar->tabText(bar->currentIndex()), QString("Page 2"));
+        }
+    }
+
+    void statusAndBusyAreForwarded()
+    {
+        TestForm form;
+        form.show();
+        form.InitPage({"OtherPage"});
+        QSignalSpy busy(&form, &CAutoBindingDataModelForm::Signal_PluginIsBusy);
+        auto *page = form.findChild<OtherPage *>();
+        emit page->Signal_UpdateStatus("Cont Tx start...", 0);
+        emit page->Signal_PluginIsBusy(true);
+        QCOMPARE(form.Status(), QString("Cont Tx start..."));
+        QCOMPARE(busy.count(), 1);
+        QCOMPARE(busy.at(0).at(0).toBool(), true);
+    }
+
+    void closeDocksFloatingPagesBack()
+    {
+        TestForm form;
+        form.show();
+        form.InitPage({"StopCountingPage", "OtherPage"});
+        form.Pages().first()->setFloating(true);
+        form.close();
+        QVERIFY(!form.Pages().first()->isFloating());
+        form.ResetForm();
+        QVERIFY(form.Pages().isEmpty());
+    }
 };
-
-void TestFormBase::pagesFromTheList_data()
-{
-    QTest::addColumn<QStringList>("list");
-    QTest::addColumn<int>("pages");
-    QTest::addColumn<int>("tabs");
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<QString>("boxText");
-    QTest::addColumn<QString>("boxInformative");
-
-    QTest::newRow("two pages, one stack") << QStringList{"StopCountingPage", "OtherPage"} << 2 << 2 << "Init done."
-                                          << "" << "";
-    QTest::newRow("a single page forms no tab") << QStringList{"OtherPage"} << 1 << 0 << "Init done." << "" << "";
-    QTest::newRow("unknown names are told, the others built")
-        << QStringList{"NoSuchPage", "StopCountingPage", "QObject"} << 1 << 0 << "Init done."
-        << "There are some page failed in init flow" << "NoSuchPage: unknown type\nQObject: cannot new Instance";
-    QTest::newRow("empty list") << QStringList{} << 0 << 0 << "Init failed." << "Without any RF page init flow."
-                                << "";
-}
-
-void TestFormBase::pagesFromTheList()
-{
-    QFETCH(QStringList, list);
-    QFETCH(int, pages);
-    QFETCH(int, tabs);
-    QFETCH(QString, status);
-    QFETCH(QString, boxText);
-    QFETCH(QString, boxInformative);
-
-    TestForm form;
-    form.show();
-    form.setEnabled(false);
-    ModalBoxCatcher boxes;
-    form.InitPage(list);
-    QVERIFY(form.isEnabled());
-    QCOMPARE(form.Pages().size(), pages);
-    int tabCount = 0;
-    for (QTabBar *bar : form.findChildren<QTabBar *>())
-        tabCount += bar->count();
-    QCOMPARE(tabCount, tabs);
-    QCOMPARE(form.Status(), status);
-    QCOMPARE(boxes.Count(), boxText.isEmpty() ? 0 : 1);
-    if (!boxText.isEmpty()) {
-        QCOMPARE(boxes.Boxes()[0].title, QString("Form"));
-        QCOMPARE(boxes.Boxes()[0].text, CMessageBoxMan::WrapText(boxText));
-        QCOMPARE(boxes.Boxes()[0].informativeText, boxInformative);
-    }
-    if (pages > 0)
-        QCOMPARE(form.ViewMenu()->actions().size(), pages);
-}
-
-void TestFormBase::turningToATabStopsAndDisables()
-{
-    TestForm form;
-    form.show();
-    form.InitPage({"StopCountingPage", "OtherPage", "StopCountingPage"});
-    const auto pages = form.findChildren<StopCountingPage *>();
-    QCOMPARE(pages.size(), 3);
-    pages[2]->setFloating(true);
-    for (StopCountingPage *page : pages)
-        page->stops = 0;
-
-    pages[0]->raise();
-    QTRY_VERIFY(pages[0]->isEnabled());
-    QVERIFY(!pages[1]->isEnabled());
-    QVERIFY(pages[2]->isEnabled()); // floating pages stay in reach
-    for (StopCountingPage *page : pages)
-        QVERIFY(page->stops >= 1);
-}
-
-void TestFormBase::selectingAPageRaisesIt()
-{
-    TestForm form;
-    form.show();
-    form.InitPage({"StopCountingPage", "OtherPage"});
-    QAction *second = form.ViewMenu()->actions().at(1);
-    QCOMPARE(second->text(), QString("Page 2"));
-    second->trigger();
-    QTRY_VERIFY(form.Pages().size() == 2);
-    for (QTabBar *bar : form.findChildren<QTabBar *>()) {
-        if (bar->count() == 2)
-            QTRY_COMPARE(bar->tabText(bar->currentIndex()), QString("Page 2"));
-    }
-}
-
-void TestFormBase::statusAndBusyAreForwarded()
-{
-    TestForm form;
-    form.show();
-    form.InitPage({"OtherPage"});
-    QSignalSpy busy(&form, &CAutoBindingDataModelForm::Signal_PluginIsBusy);
-    auto *page = form.findChild<OtherPage *>();
-    emit page->Signal_UpdateStatus("Cont Tx start...", 0);
-    emit page->Signal_PluginIsBusy(true);
-    QCOMPARE(form.Status(), QString("Cont Tx start..."));
-    QCOMPARE(busy.count(), 1);
-    QCOMPARE(busy.at(0).at(0).toBool(), true);
-}
-
-void TestFormBase::closeDocksFloatingPagesBack()
-{
-    TestForm form;
-    form.show();
-    form.InitPage({"StopCountingPage", "OtherPage"});
-    form.Pages().first()->setFloating(true);
-    form.close();
-    QVERIFY(!form.Pages().first()->isFloating());
-    form.ResetForm();
-    QVERIFY(form.Pages().isEmpty());
-}
 
 QTEST_MAIN(TestFormBase)
 #include "tst_FormBase.moc"

@@ -21,167 +21,153 @@ class TestJsonPath : public QObject {
 private slots:
     void initTestCase() { TestLog::SetChannel(QtCriticalMsg, false); }
 
-    void read_data();
-    void read();
-    void readLeavesANullOnlyUnderAnAbsentFirstKey();
-    void write_data();
-    void write();
-    void writeFailureIsLogged();
-    void insertCreatesTheNestedKey_data();
-    void insertCreatesTheNestedKey();
-    void updateOutcome();
-    void emptyModels();
-};
+    void read_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QJsonValue>("value");
+        QTest::addColumn<bool>("missing");
 
-void TestJsonPath::read_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QJsonValue>("value");
-    QTest::addColumn<bool>("missing");
-
-    QTest::newRow("nested number") << "a.b" << QJsonValue(1) << false;
-    QTest::newRow("object") << "a.deep.x" << QJsonValue(QJsonObject{{"y", "v"}}) << false;
-    QTest::newRow("array ends the path") << "a.arr" << QJsonValue(QJsonArray{1, 2}) << false;
-    QTest::newRow("no index into an array") << "a.arr.0" << QJsonValue(QJsonValue::Undefined) << true;
-    QTest::newRow("absent key") << "a.c" << QJsonValue(QJsonValue::Undefined) << true;
-    QTest::newRow("absent first key") << "x.y" << QJsonValue(QJsonValue::Undefined) << true;
-    QTest::newRow("through a number") << "a.b.c" << QJsonValue(QJsonValue::Undefined) << true;
-    QTest::newRow("null counts as absent") << "a.n" << QJsonValue(QJsonValue::Null) << true;
-    QTest::newRow("zero is there") << "a.z" << QJsonValue(0) << false;
-    QTest::newRow("unusual key characters") << "a.k-ey w#th.ü" << QJsonValue(5) << false;
-    QTest::newRow("empty path") << "" << QJsonValue(QJsonValue::Undefined) << true;
-    QTest::newRow("trailing dot") << "a." << QJsonValue(QJsonObject(Json(kModel)["a"].toObject())) << false;
-}
-
-void TestJsonPath::read()
-{
-    QFETCH(QString, path);
-    QFETCH(QJsonValue, value);
-    QFETCH(bool, missing);
-
-    const QJsonObject model = Json(kModel);
-    QJsonObject copy = model;
-    const QJsonValue mutableRead = GetJsonValue(copy, path);
-    const QJsonValue constRead = GetJsonValueConst(model, path);
-    QCOMPARE(constRead.type(), value.type() == QJsonValue::Null && path.contains('.') ? QJsonValue::Null
-                                                                                      : constRead.type());
-    QCOMPARE(IsJsonValueDefined(constRead), IsJsonValueDefined(value));
-    if (IsJsonValueDefined(value)) {
-        QCOMPARE(constRead, value);
-        QCOMPARE(mutableRead, value);
-    } else {
-        QVERIFY(!IsJsonValueDefined(mutableRead));
+        QTest::newRow("nested number") << "a.b" << QJsonValue(1) << false;
+        QTest::newRow("object") << "a.deep.x" << QJsonValue(QJsonObject{{"y", "v"}}) << false;
+        QTest::newRow("array ends the path") << "a.arr" << QJsonValue(QJsonArray{1, 2}) << false;
+        QTest::newRow("no index into an array") << "a.arr.0" << QJsonValue(QJsonValue::Undefined) << true;
+        QTest::newRow("absent key") << "a.c" << QJsonValue(QJsonValue::Undefined) << true;
+        QTest::newRow("absent first key") << "x.y" << QJsonValue(QJsonValue::Undefined) << true;
+        QTest::newRow("through a number") << "a.b.c" << QJsonValue(QJsonValue::Undefined) << true;
+        QTest::newRow("null counts as absent") << "a.n" << QJsonValue(QJsonValue::Null) << true;
+        QTest::newRow("zero is there") << "a.z" << QJsonValue(0) << false;
+        QTest::newRow("unusual key characters") << "a.k-ey w#th.ü" << QJsonValue(5) << false;
+        QTest::newRow("empty path") << "" << QJsonValue(QJsonValue::Undefined) << true;
+        QTest::newRow("trailing dot") << "a." << QJsonValue(QJsonObject(Json(kModel)["a"].toObject())) << false;
     }
-    QCOMPARE(IsJsonPathMissing(model, path), missing);
-    QCOMPARE(Text(model), Text(Json(kModel)));
-}
+    void read()
+    {
+        QFETCH(QString, path);
+        QFETCH(QJsonValue, value);
+        QFETCH(bool, missing);
 
-void TestJsonPath::readLeavesANullOnlyUnderAnAbsentFirstKey()
-{
-    QJsonObject model = Json(kModel);
-    QVERIFY(!IsJsonValueDefined(GetJsonValue(model, "x.y")));
-    QVERIFY(model.contains("x"));
-    QVERIFY(model.value("x").isNull());
-    QVERIFY(!IsJsonValueDefined(GetJsonValue(model, "a.q.r")));
-    QVERIFY(!model.value("a").toObject().contains("q"));
-
-    QJsonObject untouched = Json(kModel);
-    GetJsonValueConst(untouched, "x.y");
-    QVERIFY(!untouched.contains("x"));
-}
-
-void TestJsonPath::write_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QJsonValue>("value");
-    QTest::addColumn<bool>("written");
-
-    QTest::newRow("replace a number") << "a.b" << QJsonValue(2) << true;
-    QTest::newRow("replace an object by a string") << "a.deep" << QJsonValue("flat") << true;
-    QTest::newRow("absent last key") << "a.c" << QJsonValue(2) << false;
-    QTest::newRow("absent deep path") << "a.q.r.s" << QJsonValue(2) << false;
-    QTest::newRow("null can't be overwritten") << "a.n" << QJsonValue(2) << false;
-    QTest::newRow("through a number") << "a.b.c" << QJsonValue(2) << false;
-}
-
-void TestJsonPath::write()
-{
-    QFETCH(QString, path);
-    QFETCH(QJsonValue, value);
-    QFETCH(bool, written);
-
-    QJsonObject model = Json(kModel);
-    QCOMPARE(SetJsonValue(model, path, value), written);
-    if (written) {
-        QCOMPARE(GetJsonValueConst(model, path), value);
-        // Everything else stays.
-        QJsonObject expected = Json(kModel);
-        QJsonObject a = expected["a"].toObject();
-        QCOMPARE(model.value("s"), expected.value("s"));
-        QCOMPARE(model.value("a").toObject().value("arr"), a.value("arr"));
-    } else {
+        const QJsonObject model = Json(kModel);
+        QJsonObject copy = model;
+        const QJsonValue mutableRead = GetJsonValue(copy, path);
+        const QJsonValue constRead = GetJsonValueConst(model, path);
+        QCOMPARE(constRead.type(), value.type() == QJsonValue::Null && path.contains('.') ? QJsonValue::Null
+                                                                                          : constRead.type());
+        QCOMPARE(IsJsonValueDefined(constRead), IsJsonValueDefined(value));
+        if (IsJsonValueDefined(value)) {
+            QCOMPARE(constRead, value);
+            QCOMPARE(mutableRead, value);
+        } else {
+            QVERIFY(!IsJsonValueDefined(mutableRead));
+        }
+        QCOMPARE(IsJsonPathMissing(model, path), missing);
         QCOMPARE(Text(model), Text(Json(kModel)));
     }
-}
 
-void TestJsonPath::writeFailureIsLogged()
-{
-    TestLog::SetChannel(QtCriticalMsg, true);
-    QJsonObject model = Json(R"({"a": {"b": 1}})");
-    QTest::ignoreMessage(QtCriticalMsg, "Error: modify non-existing property \"c\"");
-    QTest::ignoreMessage(QtCriticalMsg, "path:  \"a.c\"");
-    QVERIFY(!SetJsonValue(model, "a.c", 2));
-    QTest::ignoreMessage(QtCriticalMsg, "Error: modify non-existing property \"x\"");
-    QVERIFY(!SetJsonValue(model, "x", 2));
-    // A null was left under the absent first key; the write still fails.
-    QCOMPARE(Text(model), QString(R"({"a":{"b":1},"x":null})"));
-    TestLog::SetChannel(QtCriticalMsg, false);
-}
+    void readLeavesANullOnlyUnderAnAbsentFirstKey()
+    {
+        QJsonObject model = Json(kModel);
+        QVERIFY(!IsJsonValueDefined(GetJsonValue(model, "x.y")));
+        QVERIFY(model.contains("x"));
+        QVERIFY(model.value("x").isNull());
+        QVERIFY(!IsJsonValueDefined(GetJsonValue(model, "a.q.r")));
+        QVERIFY(!model.value("a").toObject().contains("q"));
 
-void TestJsonPath::insertCreatesTheNestedKey_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<bool>("inserted");
-    QTest::addColumn<QString>("result");
+        QJsonObject untouched = Json(kModel);
+        GetJsonValueConst(untouched, "x.y");
+        QVERIFY(!untouched.contains("x"));
+    }
 
-    QTest::newRow("under a group") << "cmdIf.request.group1" << true
-                                   << R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberValue":{"band":"a"}}}}})";
-    QTest::newRow("absent group") << "cmdIf.request.group2" << false
-                                  << R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberValue":{"band":"z","old":"x"}}}}})";
-}
+    void write_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QJsonValue>("value");
+        QTest::addColumn<bool>("written");
 
-void TestJsonPath::insertCreatesTheNestedKey()
-{
-    QFETCH(QString, path);
-    QFETCH(bool, inserted);
-    QFETCH(QString, result);
+        QTest::newRow("replace a number") << "a.b" << QJsonValue(2) << true;
+        QTest::newRow("replace an object by a string") << "a.deep" << QJsonValue("flat") << true;
+        QTest::newRow("absent last key") << "a.c" << QJsonValue(2) << false;
+        QTest::newRow("absent deep path") << "a.q.r.s" << QJsonValue(2) << false;
+        QTest::newRow("null can't be overwritten") << "a.n" << QJsonValue(2) << false;
+        QTest::newRow("through a number") << "a.b.c" << QJsonValue(2) << false;
+    }
+    void write()
+    {
+        QFETCH(QString, path);
+        QFETCH(QJsonValue, value);
+        QFETCH(bool, written);
 
-    QJsonObject model = Json(R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberValue":{"old":"x","band":"z"}}}}})");
-    QCOMPARE(InsertJsonValue(model, path, "memberValue", "band", "a"), inserted);
-    QCOMPARE(Text(model), result);
-}
+        QJsonObject model = Json(kModel);
+        QCOMPARE(SetJsonValue(model, path, value), written);
+        if (written) {
+            QCOMPARE(GetJsonValueConst(model, path), value);
+            // Everything else stays.
+            QJsonObject expected = Json(kModel);
+            QJsonObject a = expected["a"].toObject();
+            QCOMPARE(model.value("s"), expected.value("s"));
+            QCOMPARE(model.value("a").toObject().value("arr"), a.value("arr"));
+        } else {
+            QCOMPARE(Text(model), Text(Json(kModel)));
+        }
+    }
 
-void TestJsonPath::updateOutcome()
-{
-    QJsonObject model = Json(R"({"modelName": "m"})");
-    AddModelUpdateResult(model, true, "first");
-    QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":["first"]},"modelName":"m"})"));
-    AddModelUpdateResult(model, false, "second");
-    AddModelUpdateResult(model, true, "third");
-    QCOMPARE(GetJsonValueConst(model, "modelIntegrity.integrity").toBool(), false);
-    QCOMPARE(GetJsonValueConst(model, "modelIntegrity.messageList").toArray(),
-             (QJsonArray{"first", "second", "third"}));
+    void writeFailureIsLogged()
+    {
+        TestLog::SetChannel(QtCriticalMsg, true);
+        QJsonObject model = Json(R"({"a": {"b": 1}})");
+        QTest::ignoreMessage(QtCriticalMsg, "Error: modify non-existing property \"c\"");
+        QTest::ignoreMessage(QtCriticalMsg, "path:  \"a.c\"");
+        QVERIFY(!SetJsonValue(model, "a.c", 2));
+        QTest::ignoreMessage(QtCriticalMsg, "Error: modify non-existing property \"x\"");
+        QVERIFY(!SetJsonValue(model, "x", 2));
+        // A null was left under the absent first key; the write still fails.
+        QCOMPARE(Text(model), QString(R"({"a":{"b":1},"x":null})"));
+        TestLog::SetChannel(QtCriticalMsg, false);
+    }
 
-    InsertModelUpdateResult(model, true, "");
-    QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":[""]},"modelName":"m"})"));
-}
+    void insertCreatesTheNestedKey_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("inserted");
+        QTest::addColumn<QString>("result");
 
-void TestJsonPath::emptyModels()
-{
-    QCOMPARE(QString::fromStdString(BuildEmptyModelString()), QString(R"({"emptyModel":""})"));
-    QCOMPARE(QString::fromStdString(BuildEmptyModelStringWithError("no data")),
-             QString(R"({"emptyModel":"","modelIntegrity":{"integrity":false,"messageList":["no data"]}})"));
-}
+        QTest::newRow("under a group") << "cmdIf.request.group1" << true
+                                       << R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberValue":{"band":"a"}}}}})";
+        QTest::newRow("absent group") << "cmdIf.request.group2" << false
+                                      << R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberValue":{"band":"z","old":"x"}}}}})";
+    }
+    void insertCreatesTheNestedKey()
+    {
+        QFETCH(QString, path);
+        QFETCH(bool, inserted);
+        QFETCH(QString, result);
+
+        QJsonObject model = Json(R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberValue":{"old":"x","band":"z"}}}}})");
+        QCOMPARE(InsertJsonValue(model, path, "memberValue", "band", "a"), inserted);
+        QCOMPARE(Text(model), result);
+    }
+
+    void updateOutcome()
+    {
+        QJsonObject model = Json(R"({"modelName": "m"})");
+        AddModelUpdateResult(model, true, "first");
+        QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":["first"]},"modelName":"m"})"));
+        AddModelUpdateResult(model, false, "second");
+        AddModelUpdateResult(model, true, "third");
+        QCOMPARE(GetJsonValueConst(model, "modelIntegrity.integrity").toBool(), false);
+        QCOMPARE(GetJsonValueConst(model, "modelIntegrity.messageList").toArray(),
+                 (QJsonArray{"first", "second", "third"}));
+
+        InsertModelUpdateResult(model, true, "");
+        QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":[""]},"modelName":"m"})"));
+    }
+
+    void emptyModels()
+    {
+        QCOMPARE(QString::fromStdString(BuildEmptyModelString()), QString(R"({"emptyModel":""})"));
+        QCOMPARE(QString::fromStdString(BuildEmptyModelStringWithError("no data")),
+                 QString(R"({"emptyModel":"","modelIntegrity":{"integrity":false,"messageList":["no data"]}})"));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestJsonPath)
 #include "tst_JsonPath.moc"

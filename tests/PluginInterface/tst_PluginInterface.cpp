@@ -25,137 +25,128 @@ QWidget *ToolWindow()
 class TestPluginInterface : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        TestLog::SetChannel(QtCriticalMsg, false);
+        TestLog::MuteOffscreenPlatformNotes();
+        QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
+        m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
+        QVERIFY(m_plugin);
+    }
+
+    void cleanupTestCase()
+    {
+        // The tool's widgets must go before the application does.
+        QVERIFY(m_loader.unload());
+        TavoSim::Reset();
+    }
+
     void init() { m_plugin->ResetPlugin(); }
     void cleanup() { m_plugin->HideTool(); }
 
-    void metadataDescribesTheTool();
-    void launchRequirement_data();
-    void launchRequirement();
-    void showHideAndBusyReachTheHost();
-    void resetWhileHiddenRebuildsOnNextShow();
+    void metadataDescribesTheTool()
+    {
+        const QJsonObject metaData = m_loader.metaData();
+        QCOMPARE(metaData.value("IID").toString(), QString("com.halvorex.Tavo.TavoToolPlugin"));
+        QCOMPARE(metaData.value("className").toString(), QString("TdscdmaRadbenchPluginInterface"));
+        QCOMPARE(metaData.value("debug").toBool(), false);
+        QCOMPARE(metaData.value("version").toInt() >> 8, QT_VERSION >> 8);
+        const QJsonObject expected{
+            {"type", "RF"}, {"name", "TDSCDMA Radbench"}, {"version", "0.1"}, {"dependencies", QJsonArray()}};
+        QCOMPARE(metaData.value("MetaData").toObject(), expected);
+        QCOMPARE(m_plugin->GetPluginName(), QString("TDSCDMA Radbench"));
+    }
+
+    void launchRequirement_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<bool>("isSupport");
+        QTest::addColumn<QString>("unsupportReason");
+        QTest::addColumn<bool>("isNeedDb");
+
+        // Every status and reason of each profile: tests/Controller/tst_TdscdmaCore.
+        QTest::newRow("fully capable") << "default" << true << "" << true;
+        QTest::newRow("everything over layer 1") << "modern-l1" << true << "" << false;
+        QTest::newRow("not supported") << "c2k-modem" << false << "It is C2K modem now." << false;
+        QTest::newRow("support unknown") << "query-failure" << false
+                                         << "We cannot get its support status: Failed to get multi-RAT world mode ID info."
+                                         << false;
+    }
+    void launchRequirement()
+    {
+        QFETCH(QString, profile);
+        QFETCH(bool, isSupport);
+        QFETCH(QString, unsupportReason);
+        QFETCH(bool, isNeedDb);
+
+        SimScope sim(profile);
+        QVERIFY(sim.IsLoaded());
+        TestLog::SetChannel(QtDebugMsg, true);
+        QTest::ignoreMessage(QtDebugMsg, "TdscdmaRadbenchPluginInterface::QueryLaunchRequirement ()");
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression("QueryLaunchRequirement \\(\\) isSupport +" +
+                                                            QString(isSupport ? "true" : "false") + " +isNeedDb +" +
+                                                            QString(isNeedDb ? "true" : "false")));
+        const SPluginToolLaunchRequirement answer = m_plugin->QueryLaunchRequirement();
+        TestLog::SetChannel(QtDebugMsg, false);
+
+        QCOMPARE(answer.isSupport, isSupport);
+        QCOMPARE(answer.unsupportReason, unsupportReason);
+        QCOMPARE(answer.isNeedDb, isNeedDb);
+        QCOMPARE(answer.isDbOptional, true);
+        QCOMPARE(answer.extraInfo, QString());
+    }
+
+    void showHideAndBusyReachTheHost()
+    {
+        SimScope sim("default");
+        QObject *object = m_loader.instance();
+        QSignalSpy activated(object, SIGNAL(Signal_PluginIsActivated(QString, bool)));
+        QSignalSpy busy(object, SIGNAL(Signal_PluginIsBusy(QString, bool)));
+
+        m_plugin->ShowTool();
+        QWidget *window = ToolWindow();
+        QVERIFY(window && window->isVisible());
+        QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 9);
+        QCOMPARE(activated.count(), 1);
+        QCOMPARE(activated.at(0), (QVariantList{"TDSCDMA Radbench", true}));
+
+        QDockWidget *page = window->findChildren<QDockWidget *>().first();
+        QVERIFY(QMetaObject::invokeMethod(page, "Signal_PluginIsBusy", Q_ARG(bool, true)));
+        QVERIFY(QMetaObject::invokeMethod(page, "Signal_PluginIsBusy", Q_ARG(bool, false)));
+        QCOMPARE(busy.count(), 2);
+        QCOMPARE(busy.at(0), (QVariantList{"TDSCDMA Radbench", true}));
+        QCOMPARE(busy.at(1), (QVariantList{"TDSCDMA Radbench", false}));
+
+        m_plugin->DisablePages();
+        m_plugin->EnablePages();
+        m_plugin->HideTool();
+        QVERIFY(!window->isVisible());
+        QCOMPARE(activated.count(), 2);
+        QCOMPARE(activated.at(1), (QVariantList{"TDSCDMA Radbench", false}));
+    }
+
+    void resetWhileHiddenRebuildsOnNextShow()
+    {
+        SimScope sim("default");
+        m_plugin->ShowTool();
+        QWidget *window = ToolWindow();
+        QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 9);
+        m_plugin->HideTool();
+
+        m_plugin->ResetPlugin();
+        QVERIFY(window->findChildren<QDockWidget *>().isEmpty());
+        QVERIFY(TavoSim::LoadProfile("modern-l1"));
+        QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
+
+        m_plugin->ShowTool();
+        QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 8);
+        m_plugin->HideTool();
+    }
 
 private:
     QPluginLoader m_loader{RADBENCH_PLUGIN_PATH};
     TavoPluginInterface *m_plugin = nullptr;
 };
-
-void TestPluginInterface::initTestCase()
-{
-    TestLog::SetChannel(QtCriticalMsg, false);
-    TestLog::MuteOffscreenPlatformNotes();
-    QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
-    m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
-    QVERIFY(m_plugin);
-}
-
-void TestPluginInterface::cleanupTestCase()
-{
-    // The tool's widgets must go before the application does.
-    QVERIFY(m_loader.unload());
-    TavoSim::Reset();
-}
-
-void TestPluginInterface::metadataDescribesTheTool()
-{
-    const QJsonObject metaData = m_loader.metaData();
-    QCOMPARE(metaData.value("IID").toString(), QString("com.halvorex.Tavo.TavoToolPlugin"));
-    QCOMPARE(metaData.value("className").toString(), QString("TdscdmaRadbenchPluginInterface"));
-    QCOMPARE(metaData.value("debug").toBool(), false);
-    QCOMPARE(metaData.value("version").toInt() >> 8, QT_VERSION >> 8);
-    const QJsonObject expected{
-        {"type", "RF"}, {"name", "TDSCDMA Radbench"}, {"version", "0.1"}, {"dependencies", QJsonArray()}};
-    QCOMPARE(metaData.value("MetaData").toObject(), expected);
-    QCOMPARE(m_plugin->GetPluginName(), QString("TDSCDMA Radbench"));
-}
-
-void TestPluginInterface::launchRequirement_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<bool>("isSupport");
-    QTest::addColumn<QString>("unsupportReason");
-    QTest::addColumn<bool>("isNeedDb");
-
-    // Every status and reason of each profile: tests/Controller/tst_TdscdmaCore.
-    QTest::newRow("fully capable") << "default" << true << "" << true;
-    QTest::newRow("everything over layer 1") << "modern-l1" << true << "" << false;
-    QTest::newRow("not supported") << "c2k-modem" << false << "It is C2K modem now." << false;
-    QTest::newRow("support unknown") << "query-failure" << false
-                                     << "We cannot get its support status: Failed to get multi-RAT world mode ID info."
-                                     << false;
-}
-
-void TestPluginInterface::launchRequirement()
-{
-    QFETCH(QString, profile);
-    QFETCH(bool, isSupport);
-    QFETCH(QString, unsupportReason);
-    QFETCH(bool, isNeedDb);
-
-    SimScope sim(profile);
-    QVERIFY(sim.IsLoaded());
-    TestLog::SetChannel(QtDebugMsg, true);
-    QTest::ignoreMessage(QtDebugMsg, "TdscdmaRadbenchPluginInterface::QueryLaunchRequirement ()");
-    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("QueryLaunchRequirement \\(\\) isSupport +" +
-                                                        QString(isSupport ? "true" : "false") + " +isNeedDb +" +
-                                                        QString(isNeedDb ? "true" : "false")));
-    const SPluginToolLaunchRequirement answer = m_plugin->QueryLaunchRequirement();
-    TestLog::SetChannel(QtDebugMsg, false);
-
-    QCOMPARE(answer.isSupport, isSupport);
-    QCOMPARE(answer.unsupportReason, unsupportReason);
-    QCOMPARE(answer.isNeedDb, isNeedDb);
-    QCOMPARE(answer.isDbOptional, true);
-    QCOMPARE(answer.extraInfo, QString());
-}
-
-void TestPluginInterface::showHideAndBusyReachTheHost()
-{
-    SimScope sim("default");
-    QObject *object = m_loader.instance();
-    QSignalSpy activated(object, SIGNAL(Signal_PluginIsActivated(QString, bool)));
-    QSignalSpy busy(object, SIGNAL(Signal_PluginIsBusy(QString, bool)));
-
-    m_plugin->ShowTool();
-    QWidget *window = ToolWindow();
-    QVERIFY(window && window->isVisible());
-    QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 9);
-    QCOMPARE(activated.count(), 1);
-    QCOMPARE(activated.at(0), (QVariantList{"TDSCDMA Radbench", true}));
-
-    QDockWidget *page = window->findChildren<QDockWidget *>().first();
-    QVERIFY(QMetaObject::invokeMethod(page, "Signal_PluginIsBusy", Q_ARG(bool, true)));
-    QVERIFY(QMetaObject::invokeMethod(page, "Signal_PluginIsBusy", Q_ARG(bool, false)));
-    QCOMPARE(busy.count(), 2);
-    QCOMPARE(busy.at(0), (QVariantList{"TDSCDMA Radbench", true}));
-    QCOMPARE(busy.at(1), (QVariantList{"TDSCDMA Radbench", false}));
-
-    m_plugin->DisablePages();
-    m_plugin->EnablePages();
-    m_plugin->HideTool();
-    QVERIFY(!window->isVisible());
-    QCOMPARE(activated.count(), 2);
-    QCOMPARE(activated.at(1), (QVariantList{"TDSCDMA Radbench", false}));
-}
-
-void TestPluginInterface::resetWhileHiddenRebuildsOnNextShow()
-{
-    SimScope sim("default");
-    m_plugin->ShowTool();
-    QWidget *window = ToolWindow();
-    QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 9);
-    m_plugin->HideTool();
-
-    m_plugin->ResetPlugin();
-    QVERIFY(window->findChildren<QDockWidget *>().isEmpty());
-    QVERIFY(TavoSim::LoadProfile("modern-l1"));
-    QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
-
-    m_plugin->ShowTool();
-    QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 8);
-    m_plugin->HideTool();
-}
 
 QTEST_MAIN(TestPluginInterface)
 #include "tst_PluginInterface.moc"

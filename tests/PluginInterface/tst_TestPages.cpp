@@ -18,20 +18,235 @@
 class TestTestPages : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        TestLog::SetChannel(QtCriticalMsg, false);
+        TestLog::MuteOffscreenPlatformNotes();
+        QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
+        m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
+        QVERIFY(m_plugin);
+        m_busy = new QSignalSpy(m_loader.instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
+    }
 
-    void continuousTestStartsAndStops_data();
-    void continuousTestStartsAndStops();
-    void failuresLeaveThePageUsable_data();
-    void failuresLeaveThePageUsable();
-    void turningToAnotherTabStopsTheTransmission();
-    void dpchTxWithTheModelsDefaults();
-    void rssiShowsTheMeasure();
-    void registersAreWrittenAndRead();
-    void windowStaysResponsiveWhileTheTargetIsSlow();
+    void cleanupTestCase()
+    {
+        delete m_busy;
+        QVERIFY(m_loader.unload());
+    }
+
+    void init()
+    {
+        QVERIFY(TavoSim::LoadProfile("default"));
+        m_plugin->ResetPlugin();
+        QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
+        TavoSim::LoadDatabase();
+        m_plugin->ShowTool();
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (widget->objectName() == "CTdscdmaRadbenchForm")
+                m_window = widget;
+        }
+        QVERIFY(m_window);
+        QTRY_VERIFY(m_window->isEnabled() && Status() == "Init done.");
+        TavoSim::ClearCallLog();
+        m_busy->clear();
+    }
+
+    void cleanup()
+    {
+        m_plugin->HideTool();
+        TavoSim::Reset();
+    }
+
+    void continuousTestStartsAndStops_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("running");
+        QTest::addColumn<QString>("started");
+        QTest::addColumn<QString>("stopped");
+        QTest::newRow("continuous TX") << "CTdscdmaContTxDockWidget" << "tx 10100" << "Cont Tx start..." << "Cont Tx stop.";
+        QTest::newRow("continuous RX") << "CTdscdmaContRxDockWidget" << "rx 10100" << "Cont Rx start..." << "Cont Rx stop.";
+    }
+    void continuousTestStartsAndStops()
+    {
+        QFETCH(QString, page);
+        QFETCH(QString, running);
+        QFETCH(QString, started);
+        QFETCH(QString, stopped);
+
+        QDockWidget *dock = ShowPage(page);
+        QVERIFY(dock);
+        auto *band = Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_band");
+        auto *uarfcn = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_uarfcn");
+        auto *start = Find<QToolButton>(dock, "m_start");
+        auto *stop = Find<QToolButton>(dock, "m_stop");
+        QCOMPARE(band->count(), 8);
+
+        band->setCurrentText("2010-2025MHz(a)");
+        QCOMPARE(uarfcn->minimum(), 10050);
+        QCOMPARE(uarfcn->value(), 10087);
+        uarfcn->selectAll();
+        QTest::keyClicks(uarfcn, "10100");
+        QTest::mouseClick(start, Qt::LeftButton);
+        QVERIFY(!start->isEnabled());
+        QTRY_COMPARE(Status(), started);
+        QCOMPARE(TavoSim::RadioActivity(), running);
+        QVERIFY(!start->isEnabled() && stop->isEnabled());
+        QCOMPARE(m_busy->count(), 2);
+        QCOMPARE(m_busy->at(0).at(1).toBool(), true);
+        QCOMPARE(m_busy->at(1).at(1).toBool(), false);
+
+        QTest::mouseClick(stop, Qt::LeftButton);
+        QTRY_COMPARE(Status(), stopped);
+        QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
+        QVERIFY(start->isEnabled() && !stop->isEnabled());
+    }
+
+    void failuresLeaveThePageUsable_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<bool>("failStop");
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("boxTitle");
+
+        QTest::newRow("continuous TX start") << "CTdscdmaContTxDockWidget" << false << "AST_RFTEST_TXOn_r"
+                                             << "Cont Tx start failed." << "Cont Tx start failed";
+        QTest::newRow("continuous TX stop") << "CTdscdmaContTxDockWidget" << true << "AST_RFTEST_TXOn_r"
+                                            << "Cont Tx stop failed." << "Cont Tx stop failed.";
+        QTest::newRow("continuous RX start") << "CTdscdmaContRxDockWidget" << false << "AST_RFTEST_RXOn_r"
+                                             << "Cont Rx start failed." << "Cont Rx start failed";
+        QTest::newRow("continuous RX stop") << "CTdscdmaContRxDockWidget" << true << "AST_RFTEST_RXOn_r"
+                                            << "Cont Rx stop failed." << "Cont Rx stop failed.";
+        QTest::newRow("DPCH TX start") << "CTdscdmaDpchTxDockWidget" << false << "AST_CAL_apc_start_r"
+                                       << "DPCH Tx start failed." << "DPCH TX start failed";
+        QTest::newRow("DPCH TX stop") << "CTdscdmaDpchTxDockWidget" << true << "AST_CAL_stop_r" << "DPCH TX stop failed."
+                                      << "DPCH TX stop failed.";
+        QTest::newRow("RSSI") << "CTdscdmaRssiDockWidget" << false << "AST_CAL_agc_ex_r" << "Rssi test failed."
+                              << "Rssi test failed";
+        QTest::newRow("register read") << "CTdscdmaBBRegDockWidget" << false << "AST_CAL_read_abb_reg_r"
+                                       << "Register read failed." << "Register read failed";
+    }
+    void failuresLeaveThePageUsable()
+    {
+        QFETCH(QString, page);
+        QFETCH(bool, failStop);
+        QFETCH(QString, failingCall);
+        QFETCH(QString, status);
+        QFETCH(QString, boxTitle);
+
+        QDockWidget *dock = ShowPage(page);
+        QVERIFY(dock);
+        const bool registers = page.contains("BBReg");
+        auto *start = Find<QToolButton>(dock, registers ? "m_btnRegRead" : "m_start");
+        auto *stop = dock->findChild<QToolButton *>("m_stop");
+        if (failStop) {
+            QTest::mouseClick(start, Qt::LeftButton);
+            QTRY_VERIFY(stop->isEnabled());
+        }
+        TavoSim::FailOnce(failingCall, TAVO_ERR_TIMEOUT);
+        TavoSim::SetResultText(TAVO_ERR_TIMEOUT, "no answer");
+        m_busy->clear();
+        ModalBoxCatcher boxes;
+        QTest::mouseClick(failStop ? stop : start, Qt::LeftButton);
+        QVERIFY(boxes.WaitFor(1));
+        QCOMPARE(Status(), status);
+        QCOMPARE(boxes.Boxes()[0].title, boxTitle);
+        QVERIFY(boxes.Boxes()[0].text.contains("Tavo command execute failed."));
+        QCOMPARE(boxes.Boxes()[0].informativeText, QString("Please check the SW load stability or connection status."));
+        QCOMPARE(m_busy->count(), 2);
+        QCOMPARE(m_busy->last().at(1).toBool(), false);
+
+        // The page is back where the button was pressed.
+        if (failStop) {
+            QVERIFY(!start->isEnabled() && stop->isEnabled());
+        } else {
+            QVERIFY(start->isEnabled());
+            if (stop)
+                QVERIFY(!stop->isEnabled());
+        }
+    }
+
+    void turningToAnotherTabStopsTheTransmission()
+    {
+        QDockWidget *tx = ShowPage("CTdscdmaContTxDockWidget");
+        QTest::mouseClick(Find<QToolButton>(tx, "m_start"), Qt::LeftButton);
+        QTRY_VERIFY(Find<QToolButton>(tx, "m_stop")->isEnabled());
+        QCOMPARE(TavoSim::RadioActivity(), QString("tx 9550"));
+
+        ShowPage("CTdscdmaRssiDockWidget");
+        QTRY_COMPARE(TavoSim::RadioActivity(), QString("idle"));
+        QVERIFY(TavoSim::CallNames().contains("AST_RFTEST_TXOn_r"));
+        QVERIFY(!tx->isEnabled()); // the stacked page rests
+        QTRY_VERIFY(Find<QToolButton>(tx, "m_start")->isEnabledTo(tx));
+    }
+
+    void dpchTxWithTheModelsDefaults()
+    {
+        QDockWidget *dock = ShowPage("CTdscdmaDpchTxDockWidget");
+        QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
+        QTRY_COMPARE(Status(), QString("DPCH TX start..."));
+        const TavoSim::CallRecord call = TavoSim::CallLog().last();
+        QCOMPARE(call.name, QString("AST_CAL_apc_start_r"));
+        QCOMPARE(call.args, (QStringList{"uarfcn=9550", "afcDac=4096", "paMode=0", "apcData=12", "directionMask=2",
+                                         "modulationMask=0"}));
+        QTest::mouseClick(Find<QToolButton>(dock, "m_stop"), Qt::LeftButton);
+        QTRY_COMPARE(Status(), QString("DPCH TX stop."));
+        QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
+    }
+
+    void rssiShowsTheMeasure()
+    {
+        QDockWidget *dock = ShowPage("CTdscdmaRssiDockWidget");
+        auto *mode = Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_mode");
+        QCOMPARE(mode->count(), 8);
+        mode->setCurrentText("Ext2");
+        auto *gain = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_gain");
+        gain->setValue(49);
+        QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
+        QTRY_COMPARE(Status(), QString("Rssi test finished"));
+        QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_rssi")->text(), QString("-76.125"));
+        QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_dspPower")->text(), QString("-57.125"));
+        QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_usedGain")->text(), QString("49"));
+    }
+
+    void registersAreWrittenAndRead()
+    {
+        QDockWidget *dock = ShowPage("CTdscdmaBBRegDockWidget");
+        Find<QSpinBox>(dock, "cmdIf_request_group2_memberProperty_regAddr")->setValue(300);
+        Find<QSpinBox>(dock, "cmdIf_request_group2_memberProperty_regValue")->setValue(4660);
+        QTest::mouseClick(Find<QToolButton>(dock, "m_btnRegWrite"), Qt::LeftButton);
+        QTRY_COMPARE(Status(), QString("Register write successfully."));
+        QCOMPARE(TavoSim::Register(300), quint16(4660));
+
+        Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_regAddr")->setValue(300);
+        QTest::mouseClick(Find<QToolButton>(dock, "m_btnRegRead"), Qt::LeftButton);
+        QTRY_COMPARE(Status(), QString("Register read successfully."));
+        QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_regValue")->text(), QString("4660"));
+    }
+
+    void windowStaysResponsiveWhileTheTargetIsSlow()
+    {
+        QDockWidget *dock = ShowPage("CTdscdmaContTxDockWidget");
+        TavoSim::SetLatency("AST_RFTEST_TXOn_r", 1000);
+        QElapsedTimer clock;
+        int ticks = 0;
+        qint64 longestGap = 0;
+        qint64 last = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, [&] {
+            ++ticks;
+            longestGap = qMax(longestGap, clock.elapsed() - last);
+            last = clock.elapsed();
+        });
+        clock.start();
+        timer.start(10);
+        QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
+        QTRY_COMPARE_WITH_TIMEOUT(Status(), QString("Cont Tx start..."), 5000);
+        timer.stop();
+        // The event loop kept turning all the while the target took a second.
+        QVERIFY2(clock.elapsed() >= 1000, qPrintable(QString::number(clock.elapsed())));
+        QVERIFY2(ticks > 20, qPrintable(QString("ticks %1, longest gap %2 ms").arg(ticks).arg(longestGap)));
+    }
 
 private:
     QDockWidget *ShowPage(const QString &page);
@@ -43,6 +258,7 @@ private:
             qWarning("no widget %s", qPrintable(name));
         return widget;
     }
+
     QString Status() const { return m_window->findChild<QStatusBar *>()->currentMessage(); }
 
     QPluginLoader m_loader{RADBENCH_PLUGIN_PATH};
@@ -50,45 +266,6 @@ private:
     QWidget *m_window = nullptr;
     QSignalSpy *m_busy = nullptr;
 };
-
-void TestTestPages::initTestCase()
-{
-    TestLog::SetChannel(QtCriticalMsg, false);
-    TestLog::MuteOffscreenPlatformNotes();
-    QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
-    m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
-    QVERIFY(m_plugin);
-    m_busy = new QSignalSpy(m_loader.instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
-}
-
-void TestTestPages::cleanupTestCase()
-{
-    delete m_busy;
-    QVERIFY(m_loader.unload());
-}
-
-void TestTestPages::init()
-{
-    QVERIFY(TavoSim::LoadProfile("default"));
-    m_plugin->ResetPlugin();
-    QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
-    TavoSim::LoadDatabase();
-    m_plugin->ShowTool();
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == "CTdscdmaRadbenchForm")
-            m_window = widget;
-    }
-    QVERIFY(m_window);
-    QTRY_VERIFY(m_window->isEnabled() && Status() == "Init done.");
-    TavoSim::ClearCallLog();
-    m_busy->clear();
-}
-
-void TestTestPages::cleanup()
-{
-    m_plugin->HideTool();
-    TavoSim::Reset();
-}
 
 QDockWidget *TestTestPages::ShowPage(const QString &page)
 {
@@ -98,199 +275,6 @@ QDockWidget *TestTestPages::ShowPage(const QString &page)
     dock->raise();
     const bool shown = QTest::qWaitFor([dock] { return dock->isVisible() && dock->isEnabled(); }, 2000);
     return shown ? dock : nullptr;
-}
-
-void TestTestPages::continuousTestStartsAndStops_data()
-{
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<QString>("running");
-    QTest::addColumn<QString>("started");
-    QTest::addColumn<QString>("stopped");
-    QTest::newRow("continuous TX") << "CTdscdmaContTxDockWidget" << "tx 10100" << "Cont Tx start..." << "Cont Tx stop.";
-    QTest::newRow("continuous RX") << "CTdscdmaContRxDockWidget" << "rx 10100" << "Cont Rx start..." << "Cont Rx stop.";
-}
-
-void TestTestPages::continuousTestStartsAndStops()
-{
-    QFETCH(QString, page);
-    QFETCH(QString, running);
-    QFETCH(QString, started);
-    QFETCH(QString, stopped);
-
-    QDockWidget *dock = ShowPage(page);
-    QVERIFY(dock);
-    auto *band = Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_band");
-    auto *uarfcn = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_uarfcn");
-    auto *start = Find<QToolButton>(dock, "m_start");
-    auto *stop = Find<QToolButton>(dock, "m_stop");
-    QCOMPARE(band->count(), 8);
-
-    band->setCurrentText("2010-2025MHz(a)");
-    QCOMPARE(uarfcn->minimum(), 10050);
-    QCOMPARE(uarfcn->value(), 10087);
-    uarfcn->selectAll();
-    QTest::keyClicks(uarfcn, "10100");
-    QTest::mouseClick(start, Qt::LeftButton);
-    QVERIFY(!start->isEnabled());
-    QTRY_COMPARE(Status(), started);
-    QCOMPARE(TavoSim::RadioActivity(), running);
-    QVERIFY(!start->isEnabled() && stop->isEnabled());
-    QCOMPARE(m_busy->count(), 2);
-    QCOMPARE(m_busy->at(0).at(1).toBool(), true);
-    QCOMPARE(m_busy->at(1).at(1).toBool(), false);
-
-    QTest::mouseClick(stop, Qt::LeftButton);
-    QTRY_COMPARE(Status(), stopped);
-    QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
-    QVERIFY(start->isEnabled() && !stop->isEnabled());
-}
-
-void TestTestPages::failuresLeaveThePageUsable_data()
-{
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<bool>("failStop");
-    QTest::addColumn<QString>("failingCall");
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<QString>("boxTitle");
-
-    QTest::newRow("continuous TX start") << "CTdscdmaContTxDockWidget" << false << "AST_RFTEST_TXOn_r"
-                                         << "Cont Tx start failed." << "Cont Tx start failed";
-    QTest::newRow("continuous TX stop") << "CTdscdmaContTxDockWidget" << true << "AST_RFTEST_TXOn_r"
-                                        << "Cont Tx stop failed." << "Cont Tx stop failed.";
-    QTest::newRow("continuous RX start") << "CTdscdmaContRxDockWidget" << false << "AST_RFTEST_RXOn_r"
-                                         << "Cont Rx start failed." << "Cont Rx start failed";
-    QTest::newRow("continuous RX stop") << "CTdscdmaContRxDockWidget" << true << "AST_RFTEST_RXOn_r"
-                                        << "Cont Rx stop failed." << "Cont Rx stop failed.";
-    QTest::newRow("DPCH TX start") << "CTdscdmaDpchTxDockWidget" << false << "AST_CAL_apc_start_r"
-                                   << "DPCH Tx start failed." << "DPCH TX start failed";
-    QTest::newRow("DPCH TX stop") << "CTdscdmaDpchTxDockWidget" << true << "AST_CAL_stop_r" << "DPCH TX stop failed."
-                                  << "DPCH TX stop failed.";
-    QTest::newRow("RSSI") << "CTdscdmaRssiDockWidget" << false << "AST_CAL_agc_ex_r" << "Rssi test failed."
-                          << "Rssi test failed";
-    QTest::newRow("register read") << "CTdscdmaBBRegDockWidget" << false << "AST_CAL_read_abb_reg_r"
-                                   << "Register read failed." << "Register read failed";
-}
-
-void TestTestPages::failuresLeaveThePageUsable()
-{
-    QFETCH(QString, page);
-    QFETCH(bool, failStop);
-    QFETCH(QString, failingCall);
-    QFETCH(QString, status);
-    QFETCH(QString, boxTitle);
-
-    QDockWidget *dock = ShowPage(page);
-    QVERIFY(dock);
-    const bool registers = page.contains("BBReg");
-    auto *start = Find<QToolButton>(dock, registers ? "m_btnRegRead" : "m_start");
-    auto *stop = dock->findChild<QToolButton *>("m_stop");
-    if (failStop) {
-        QTest::mouseClick(start, Qt::LeftButton);
-        QTRY_VERIFY(stop->isEnabled());
-    }
-    TavoSim::FailOnce(failingCall, TAVO_ERR_TIMEOUT);
-    TavoSim::SetResultText(TAVO_ERR_TIMEOUT, "no answer");
-    m_busy->clear();
-    ModalBoxCatcher boxes;
-    QTest::mouseClick(failStop ? stop : start, Qt::LeftButton);
-    QVERIFY(boxes.WaitFor(1));
-    QCOMPARE(Status(), status);
-    QCOMPARE(boxes.Boxes()[0].title, boxTitle);
-    QVERIFY(boxes.Boxes()[0].text.contains("Tavo command execute failed."));
-    QCOMPARE(boxes.Boxes()[0].informativeText, QString("Please check the SW load stability or connection status."));
-    QCOMPARE(m_busy->count(), 2);
-    QCOMPARE(m_busy->last().at(1).toBool(), false);
-
-    // The page is back where the button was pressed.
-    if (failStop) {
-        QVERIFY(!start->isEnabled() && stop->isEnabled());
-    } else {
-        QVERIFY(start->isEnabled());
-        if (stop)
-            QVERIFY(!stop->isEnabled());
-    }
-}
-
-void TestTestPages::turningToAnotherTabStopsTheTransmission()
-{
-    QDockWidget *tx = ShowPage("CTdscdmaContTxDockWidget");
-    QTest::mouseClick(Find<QToolButton>(tx, "m_start"), Qt::LeftButton);
-    QTRY_VERIFY(Find<QToolButton>(tx, "m_stop")->isEnabled());
-    QCOMPARE(TavoSim::RadioActivity(), QString("tx 9550"));
-
-    ShowPage("CTdscdmaRssiDockWidget");
-    QTRY_COMPARE(TavoSim::RadioActivity(), QString("idle"));
-    QVERIFY(TavoSim::CallNames().contains("AST_RFTEST_TXOn_r"));
-    QVERIFY(!tx->isEnabled()); // the stacked page rests
-    QTRY_VERIFY(Find<QToolButton>(tx, "m_start")->isEnabledTo(tx));
-}
-
-void TestTestPages::dpchTxWithTheModelsDefaults()
-{
-    QDockWidget *dock = ShowPage("CTdscdmaDpchTxDockWidget");
-    QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
-    QTRY_COMPARE(Status(), QString("DPCH TX start..."));
-    const TavoSim::CallRecord call = TavoSim::CallLog().last();
-    QCOMPARE(call.name, QString("AST_CAL_apc_start_r"));
-    QCOMPARE(call.args, (QStringList{"uarfcn=9550", "afcDac=4096", "paMode=0", "apcData=12", "directionMask=2",
-                                     "modulationMask=0"}));
-    QTest::mouseClick(Find<QToolButton>(dock, "m_stop"), Qt::LeftButton);
-    QTRY_COMPARE(Status(), QString("DPCH TX stop."));
-    QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
-}
-
-void TestTestPages::rssiShowsTheMeasure()
-{
-    QDockWidget *dock = ShowPage("CTdscdmaRssiDockWidget");
-    auto *mode = Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_mode");
-    QCOMPARE(mode->count(), 8);
-    mode->setCurrentText("Ext2");
-    auto *gain = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_gain");
-    gain->setValue(49);
-    QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
-    QTRY_COMPARE(Status(), QString("Rssi test finished"));
-    QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_rssi")->text(), QString("-76.125"));
-    QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_dspPower")->text(), QString("-57.125"));
-    QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_usedGain")->text(), QString("49"));
-}
-
-void TestTestPages::registersAreWrittenAndRead()
-{
-    QDockWidget *dock = ShowPage("CTdscdmaBBRegDockWidget");
-    Find<QSpinBox>(dock, "cmdIf_request_group2_memberProperty_regAddr")->setValue(300);
-    Find<QSpinBox>(dock, "cmdIf_request_group2_memberProperty_regValue")->setValue(4660);
-    QTest::mouseClick(Find<QToolButton>(dock, "m_btnRegWrite"), Qt::LeftButton);
-    QTRY_COMPARE(Status(), QString("Register write successfully."));
-    QCOMPARE(TavoSim::Register(300), quint16(4660));
-
-    Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_regAddr")->setValue(300);
-    QTest::mouseClick(Find<QToolButton>(dock, "m_btnRegRead"), Qt::LeftButton);
-    QTRY_COMPARE(Status(), QString("Register read successfully."));
-    QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_regValue")->text(), QString("4660"));
-}
-
-void TestTestPages::windowStaysResponsiveWhileTheTargetIsSlow()
-{
-    QDockWidget *dock = ShowPage("CTdscdmaContTxDockWidget");
-    TavoSim::SetLatency("AST_RFTEST_TXOn_r", 1000);
-    QElapsedTimer clock;
-    int ticks = 0;
-    qint64 longestGap = 0;
-    qint64 last = 0;
-    QTimer timer;
-    connect(&timer, &QTimer::timeout, [&] {
-        ++ticks;
-        longestGap = qMax(longestGap, clock.elapsed() - last);
-        last = clock.elapsed();
-    });
-    clock.start();
-    timer.start(10);
-    QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
-    QTRY_COMPARE_WITH_TIMEOUT(Status(), QString("Cont Tx start..."), 5000);
-    timer.stop();
-    // The event loop kept turning all the while the target took a second.
-    QVERIFY2(clock.elapsed() >= 1000, qPrintable(QString::number(clock.elapsed())));
-    QVERIFY2(ticks > 20, qPrintable(QString("ticks %1, longest gap %2 ms").arg(ticks).arg(longestGap)));
 }
 
 QTEST_MAIN(TestTestPages)

@@ -165,7 +165,6 @@ const BandRow kBands[] = {
     {"2300-2400MHz", 11500, 12000, 11500, 12000},
 };
 
-
 // A JSON fragment of the rows above; a row that is no valid JSON stops the test.
 QJsonValue Json(const QString &text)
 {
@@ -242,189 +241,175 @@ class TestStoredModels : public QObject {
 private slots:
     void initTestCase() { InitRadbenchResources(); }
 
-    void models_data();
-    void models();
-    void groups_data();
-    void groups();
-    void members_data();
-    void members();
-    void contRxIsContTxText();
-    void bandTable_data();
-    void bandTable();
-};
-
-void TestStoredModels::models_data()
-{
-    QTest::addColumn<int>("row");
-    for (int row = 0; row < int(std::size(kModels)); ++row)
-        QTest::newRow(kModels[row].model) << row;
-}
-
-void TestStoredModels::models()
-{
-    QFETCH(int, row);
-    const ModelRow &expected = kModels[row];
-    const QByteArray text = ReadModel(expected.model);
-    QVERIFY2(!text.isEmpty(), "resource missing or empty");
-    QJsonParseError error;
-    const QJsonDocument doc = QJsonDocument::fromJson(text, &error);
-    QVERIFY2(error.error == QJsonParseError::NoError,
-             qPrintable(QString("%1 at offset %2").arg(error.errorString()).arg(error.offset)));
-    QVERIFY(doc.isObject());
-    const QJsonObject model = doc.object();
-
-    QCOMPARE(Text(model.value("modelName")), Text(QJsonValue(expected.modelName)));
-    QCOMPARE(Text(model.value("modelVersion")), Text(QJsonValue(1)));
-    const QString interface = expected.interface;
-    if (interface.isEmpty()) {
-        QCOMPARE(Keys(model), Sorted({"modelName", "modelVersion", "releaseVersion", "operatingBand"}));
-        QCOMPARE(Text(model.value("releaseVersion")), Text(QJsonValue("14.3.0")));
-        QStringList bands;
-        for (const BandRow &band : kBands)
-            bands << band.band;
-        QCOMPARE(Keys(model.value("operatingBand").toObject()), Sorted(bands));
-        return;
+    void models_data()
+    {
+        QTest::addColumn<int>("row");
+        for (int row = 0; row < int(std::size(kModels)); ++row)
+            QTest::newRow(kModels[row].model) << row;
     }
-    // One interface; no integrity block or substitute marker in a stored model.
-    QCOMPARE(Keys(model), Sorted({"modelName", "modelVersion", interface}));
+    void models()
+    {
+        QFETCH(int, row);
+        const ModelRow &expected = kModels[row];
+        const QByteArray text = ReadModel(expected.model);
+        QVERIFY2(!text.isEmpty(), "resource missing or empty");
+        QJsonParseError error;
+        const QJsonDocument doc = QJsonDocument::fromJson(text, &error);
+        QVERIFY2(error.error == QJsonParseError::NoError,
+                 qPrintable(QString("%1 at offset %2").arg(error.errorString()).arg(error.offset)));
+        QVERIFY(doc.isObject());
+        const QJsonObject model = doc.object();
 
-    const QJsonObject groups = Json(expected.groups).toObject();
-    const QJsonObject sections = model.value(interface).toObject();
-    QCOMPARE(Keys(sections), Keys(groups));
-    for (const QString &section : groups.keys()) {
-        QStringList names;
-        for (int n = 1; n <= groups.value(section).toInt(); ++n)
-            names << QString("group%1").arg(n);
-        QCOMPARE(Keys(sections.value(section).toObject()), Sorted(names));
-    }
-}
-
-void TestStoredModels::groups_data()
-{
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<int>("row");
-    for (int row = 0; row < int(std::size(kGroups)); ++row)
-        for (const QString &model : QString(kGroups[row].models).split(' '))
-            QTest::addRow("%s %s", qPrintable(model), kGroups[row].group) << model << row;
-}
-
-void TestStoredModels::groups()
-{
-    QFETCH(QString, model);
-    QFETCH(int, row);
-    const GroupRow &expected = kGroups[row];
-
-    const QJsonObject object = At(Model(model), expected.group).toObject();
-    QStringList keys{"groupType", "memberList", "memberProperty"};
-    if (expected.groupName)
-        keys << "groupName";
-    QCOMPARE(Keys(object), Sorted(keys));
-    QCOMPARE(Text(object.value("groupType")), Text(QJsonValue(expected.groupType)));
-    if (expected.groupName)
-        QCOMPARE(Text(object.value("groupName")), Text(QJsonValue(expected.groupName)));
-    QCOMPARE(Text(object.value("memberList")), Text(Json(expected.memberList)));
-
-    // memberProperty: exactly the listed members, and in a table group the
-    // keys of its columns; every member has a row.
-    const QJsonObject properties = object.value("memberProperty").toObject();
-    const QJsonObject columns = Json(expected.dimension).toObject();
-    QStringList members;
-    for (const QJsonValue &member : Json(expected.memberList).toArray())
-        members << member.toString();
-    QCOMPARE(Keys(properties), Sorted(members + columns.keys()));
-    for (const QString &key : columns.keys())
-        QCOMPARE(Text(properties.value(key)), Text(columns.value(key)));
-    QStringList withRow;
-    for (const Member &member : Members()) {
-        if (member.model == model && member.group == expected.group)
-            withRow << member.member;
-    }
-    QCOMPARE(Sorted(withRow), Sorted(members));
-}
-
-void TestStoredModels::members_data()
-{
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<QString>("group");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<int>("row");
-    for (const Member &m : Members())
-        QTest::addRow("%s %s.%s", qPrintable(m.model), qPrintable(m.group), qPrintable(m.member))
-            << m.model << m.group << m.member << m.caption << m.row;
-}
-
-void TestStoredModels::members()
-{
-    QFETCH(QString, model);
-    QFETCH(QString, group);
-    QFETCH(QString, member);
-    QFETCH(QString, caption);
-    QFETCH(int, row);
-    const MemberRow &expected = kMembers[row];
-
-    const QJsonObject groupObject = At(Model(model), group).toObject();
-    QJsonObject actual = groupObject.value("memberProperty").toObject().value(member).toObject();
-    QVERIFY2(!actual.isEmpty(), "member missing");
-
-    QCOMPARE(Text(actual.take("caption")), Text(QJsonValue(caption)));
-    QCOMPARE(Text(actual.take("defaultEnableStatus")), Text(QJsonValue(expected.enable)));
-    QCOMPARE(Text(actual.take("defaultSupport")), Text(QJsonValue(expected.support)));
-
-    QJsonObject trait = Json(expected.space).toObject();
-    trait.insert("dataType", expected.dataType);
-    trait.insert("defaultValue", Json(expected.defaultValue));
-    QCOMPARE(Text(actual.take("trait")), Text(trait));
-    QCOMPARE(Text(actual), Text(Json(expected.relations))); // what is left: the relations
-
-    // Values are text: one per member in a single-field group, one per column
-    // in a table; a combo box column needs an entry of its own.
-    const QJsonValue value = trait.value("defaultValue");
-    if (groupObject.value("groupType").toInt() == 3) {
-        QVERIFY(value.isArray());
-        for (const QJsonValue &entry : value.toArray())
-            QVERIFY(entry.isString());
-        if (QString(expected.dataType) == "list") {
-            const int columns = groupObject.value("memberProperty").toObject().value("dimentionCount").toInt();
-            QCOMPARE(value.toArray().size(), columns);
+        QCOMPARE(Text(model.value("modelName")), Text(QJsonValue(expected.modelName)));
+        QCOMPARE(Text(model.value("modelVersion")), Text(QJsonValue(1)));
+        const QString interface = expected.interface;
+        if (interface.isEmpty()) {
+            QCOMPARE(Keys(model), Sorted({"modelName", "modelVersion", "releaseVersion", "operatingBand"}));
+            QCOMPARE(Text(model.value("releaseVersion")), Text(QJsonValue("14.3.0")));
+            QStringList bands;
+            for (const BandRow &band : kBands)
+                bands << band.band;
+            QCOMPARE(Keys(model.value("operatingBand").toObject()), Sorted(bands));
+            return;
         }
-    } else {
-        QVERIFY(value.isString());
+        // One interface; no integrity block or substitute marker in a stored model.
+        QCOMPARE(Keys(model), Sorted({"modelName", "modelVersion", interface}));
+
+        const QJsonObject groups = Json(expected.groups).toObject();
+        const QJsonObject sections = model.value(interface).toObject();
+        QCOMPARE(Keys(sections), Keys(groups));
+        for (const QString &section : groups.keys()) {
+            QStringList names;
+            for (int n = 1; n <= groups.value(section).toInt(); ++n)
+                names << QString("group%1").arg(n);
+            QCOMPARE(Keys(sections.value(section).toObject()), Sorted(names));
+        }
     }
 
-    // Every short path of a relation names a member of the same model.
-    const QJsonObject related = Json(expected.relations).toObject();
-    for (const QString &key : related.keys()) {
-        const QJsonValue paths = related.value(key);
-        for (const QJsonValue &path : paths.isArray() ? paths.toArray() : QJsonArray{paths})
-            QVERIFY2(At(Model(model), group.section('.', 0, 0) + "." + path.toString()).toObject().contains("trait"),
-                     qPrintable(key + " names no member: " + path.toString()));
+    void groups_data()
+    {
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<int>("row");
+        for (int row = 0; row < int(std::size(kGroups)); ++row)
+            for (const QString &model : QString(kGroups[row].models).split(' '))
+                QTest::addRow("%s %s", qPrintable(model), kGroups[row].group) << model << row;
     }
-}
+    void groups()
+    {
+        QFETCH(QString, model);
+        QFETCH(int, row);
+        const GroupRow &expected = kGroups[row];
 
-void TestStoredModels::contRxIsContTxText()
-{
-    const QByteArray contTx = ReadModel("ContTx");
-    QVERIFY(!contTx.isEmpty());
-    QCOMPARE(ReadModel("ContRx"), contTx);
-}
+        const QJsonObject object = At(Model(model), expected.group).toObject();
+        QStringList keys{"groupType", "memberList", "memberProperty"};
+        if (expected.groupName)
+            keys << "groupName";
+        QCOMPARE(Keys(object), Sorted(keys));
+        QCOMPARE(Text(object.value("groupType")), Text(QJsonValue(expected.groupType)));
+        if (expected.groupName)
+            QCOMPARE(Text(object.value("groupName")), Text(QJsonValue(expected.groupName)));
+        QCOMPARE(Text(object.value("memberList")), Text(Json(expected.memberList)));
 
-void TestStoredModels::bandTable_data()
-{
-    QTest::addColumn<QString>("band");
-    QTest::addColumn<QString>("ranges");
-    for (const BandRow &row : kBands) {
-        const QJsonObject ranges{{"uplink", QJsonObject{{"low", row.uplinkLow}, {"high", row.uplinkHigh}}},
-                                 {"downlink", QJsonObject{{"low", row.downlinkLow}, {"high", row.downlinkHigh}}}};
-        QTest::newRow(row.band) << row.band << Text(ranges);
+        // memberProperty: exactly the listed members, and in a table group the
+        // keys of its columns; every member has a row.
+        const QJsonObject properties = object.value("memberProperty").toObject();
+        const QJsonObject columns = Json(expected.dimension).toObject();
+        QStringList members;
+        for (const QJsonValue &member : Json(expected.memberList).toArray())
+            members << member.toString();
+        QCOMPARE(Keys(properties), Sorted(members + columns.keys()));
+        for (const QString &key : columns.keys())
+            QCOMPARE(Text(properties.value(key)), Text(columns.value(key)));
+        QStringList withRow;
+        for (const Member &member : Members()) {
+            if (member.model == model && member.group == expected.group)
+                withRow << member.member;
+        }
+        QCOMPARE(Sorted(withRow), Sorted(members));
     }
-}
 
-void TestStoredModels::bandTable()
-{
-    QFETCH(QString, band);
-    QTEST(Text(Model("3gpp").value("operatingBand").toObject().value(band)), "ranges");
-}
+    void members_data()
+    {
+        QTest::addColumn<QString>("model");
+        QTest::addColumn<QString>("group");
+        QTest::addColumn<QString>("member");
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<int>("row");
+        for (const Member &m : Members())
+            QTest::addRow("%s %s.%s", qPrintable(m.model), qPrintable(m.group), qPrintable(m.member))
+                << m.model << m.group << m.member << m.caption << m.row;
+    }
+    void members()
+    {
+        QFETCH(QString, model);
+        QFETCH(QString, group);
+        QFETCH(QString, member);
+        QFETCH(QString, caption);
+        QFETCH(int, row);
+        const MemberRow &expected = kMembers[row];
+
+        const QJsonObject groupObject = At(Model(model), group).toObject();
+        QJsonObject actual = groupObject.value("memberProperty").toObject().value(member).toObject();
+        QVERIFY2(!actual.isEmpty(), "member missing");
+
+        QCOMPARE(Text(actual.take("caption")), Text(QJsonValue(caption)));
+        QCOMPARE(Text(actual.take("defaultEnableStatus")), Text(QJsonValue(expected.enable)));
+        QCOMPARE(Text(actual.take("defaultSupport")), Text(QJsonValue(expected.support)));
+
+        QJsonObject trait = Json(expected.space).toObject();
+        trait.insert("dataType", expected.dataType);
+        trait.insert("defaultValue", Json(expected.defaultValue));
+        QCOMPARE(Text(actual.take("trait")), Text(trait));
+        QCOMPARE(Text(actual), Text(Json(expected.relations))); // what is left: the relations
+
+        // Values are text: one per member in a single-field group, one per column
+        // in a table; a combo box column needs an entry of its own.
+        const QJsonValue value = trait.value("defaultValue");
+        if (groupObject.value("groupType").toInt() == 3) {
+            QVERIFY(value.isArray());
+            for (const QJsonValue &entry : value.toArray())
+                QVERIFY(entry.isString());
+            if (QString(expected.dataType) == "list") {
+                const int columns = groupObject.value("memberProperty").toObject().value("dimentionCount").toInt();
+                QCOMPARE(value.toArray().size(), columns);
+            }
+        } else {
+            QVERIFY(value.isString());
+        }
+
+        // Every short path of a relation names a member of the same model.
+        const QJsonObject related = Json(expected.relations).toObject();
+        for (const QString &key : related.keys()) {
+            const QJsonValue paths = related.value(key);
+            for (const QJsonValue &path : paths.isArray() ? paths.toArray() : QJsonArray{paths})
+                QVERIFY2(At(Model(model), group.section('.', 0, 0) + "." + path.toString()).toObject().contains("trait"),
+                         qPrintable(key + " names no member: " + path.toString()));
+        }
+    }
+
+    void contRxIsContTxText()
+    {
+        const QByteArray contTx = ReadModel("ContTx");
+        QVERIFY(!contTx.isEmpty());
+        QCOMPARE(ReadModel("ContRx"), contTx);
+    }
+
+    void bandTable_data()
+    {
+        QTest::addColumn<QString>("band");
+        QTest::addColumn<QString>("ranges");
+        for (const BandRow &row : kBands) {
+            const QJsonObject ranges{{"uplink", QJsonObject{{"low", row.uplinkLow}, {"high", row.uplinkHigh}}},
+                                     {"downlink", QJsonObject{{"low", row.downlinkLow}, {"high", row.downlinkHigh}}}};
+            QTest::newRow(row.band) << row.band << Text(ranges);
+        }
+    }
+    void bandTable()
+    {
+        QFETCH(QString, band);
+        QTEST(Text(Model("3gpp").value("operatingBand").toObject().value(band)), "ranges");
+    }
+};
 
 QTEST_GUILESS_MAIN(TestStoredModels)
 #include "tst_StoredModels.moc"

@@ -79,280 +79,260 @@ class TestHostPlugin : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-
-    void checkMetaData_data();
-    void checkMetaData();
-    void discovery_data();
-    void discovery();
-
-    void launch_data();
-    void launch();
-    void pluginSignalsReachState();
-    void unloadDeletesToolWindow();
-
-    void changeTarget_data();
-    void changeTarget();
-    void menus();
-};
-
-void TestHostPlugin::init()
-{
-    qunsetenv(FakeTool::kAnswerVariable);
-    QVERIFY(TavoSim::LoadProfile("default"));
-}
-
-void TestHostPlugin::checkMetaData_data()
-{
-    QTest::addColumn<QString>("json");
-    QTest::addColumn<QStringList>("problems"); // fragments; none: valid
-
-    const QString head = R"("IID": "com.halvorex.Tavo.TavoToolPlugin", "className": "CTool")";
-    auto with = [&](const QString &meta) { return QStringLiteral("{%1, \"MetaData\": %2}").arg(head, meta); };
-
-    QTest::newRow("valid") << with(R"({"type": "t", "name": "n", "version": "", "dependencies": ["a"]})")
-                           << QStringList();
-    QTest::newRow("foreign IID")
-        << R"({"IID": "org.example.X", "className": "C", "MetaData": {"type": "t", "name": "n", "version": "1", "dependencies": []}})"
-        << QStringList{R"(IID is "org.example.X")"};
-    QTest::newRow("no className") << R"({"IID": "com.halvorex.Tavo.TavoToolPlugin"})"
-                                  << QStringList{"className is not set", "MetaData is missing"};
-    QTest::newRow("empty name") << with(R"({"type": "t", "name": "", "version": "1", "dependencies": []})")
-                                << QStringList{R"("name" is empty)"};
-    QTest::newRow("every field wrong") << with(R"({"type": 2, "name": null, "dependencies": {}})")
-                                       << QStringList{R"("type" is not a string)", R"("name" is not a string)",
-                                                      R"(no "version")", R"("dependencies" is not an array)"};
-}
-
-void TestHostPlugin::checkMetaData()
-{
-    QFETCH(QString, json);
-    QFETCH(QStringList, problems);
-
-    const QString found = CPluginLocator::CheckMetaData(QJsonDocument::fromJson(json.toUtf8()).object());
-    QCOMPARE(found.isEmpty(), problems.isEmpty());
-    for (const QString &problem : problems)
-        QVERIFY2(found.contains(problem), qPrintable(found));
-}
-
-void TestHostPlugin::discovery_data()
-{
-    QTest::addColumn<QStringList>("files");     // "source=name in the folder"
-    QTest::addColumn<QString>("loaded");        // file name; empty: none
-    QTest::addColumn<QStringList>("messages");  // in the log
-    QTest::addColumn<QStringList>("absent");    // not in the log
-
-    const QString good = FAKE_TOOL_PATH, wrongIid = FAKE_TOOL_WRONG_IID_PATH, badMeta = FAKE_TOOL_BAD_META_PATH;
-    const QString text = __FILE__;
-
-    QTest::newRow("bad metadata rejected") << QStringList{badMeta + "=libA.so", good + "=libB.so"} << "libB.so"
-                                           << QStringList{R"(Rejected plug-in {dir}/libA.so: MetaData has no "version")"}
-                                           << QStringList();
-    QTest::newRow("foreign IID skipped") << QStringList{wrongIid + "=libA.so", good + "=libB.so"} << "libB.so"
-                                         << QStringList{R"(Skipped libA.so: IID "com.example.NotATool")"}
-                                         << QStringList{"Rejected"};
-    QTest::newRow("other files unnoticed")
-        << QStringList{text + "=libJunk.so", text + "=notes.txt", good + "=libTool.so"} << "libTool.so"
-        << QStringList() << QStringList{"Skipped", "Rejected", "libJunk"};
-    QTest::newRow("one tool at a time") << QStringList{good + "=libA.so", good + "=libB.so"} << "libA.so"
-                                        << QStringList{"Ignored {dir}/libB.so"} << QStringList();
-    QTest::newRow("nothing usable") << QStringList{badMeta + "=libA.so", wrongIid + "=libB.so"} << ""
-                                    << QStringList{"No usable tool plug-in", "Skipped libB.so"} << QStringList();
-    QTest::newRow("empty folder") << QStringList() << "" << QStringList{"No tool plug-in"} << QStringList();
-}
-
-void TestHostPlugin::discovery()
-{
-    QFETCH(QStringList, files);
-    QFETCH(QString, loaded);
-    QFETCH(QStringList, messages);
-    QFETCH(QStringList, absent);
-
-    QTemporaryDir dir;
-    for (const QString &file : files)
-        QVERIFY(QFile::copy(file.section('=', 0, 0), dir.filePath(file.section('=', 1))));
-
-    CPluginHost host;
-    SLog log(host);
-    QCOMPARE(host.LoadPluginFromFolder(dir.path()), !loaded.isEmpty());
-    QCOMPARE(host.IsLoaded(), !loaded.isEmpty());
-    if (!loaded.isEmpty())
-        messages << "Plug-in loaded: " + dir.filePath(loaded);
-    else
-        QVERIFY(log.text.contains(host.LastError()));
-    for (QString message : messages)
-        QVERIFY2(log.text.contains(message.replace("{dir}", dir.path())), qPrintable(log.text));
-    for (const QString &message : absent)
-        QVERIFY2(!log.text.contains(message), qPrintable(log.text));
-}
-
-void TestHostPlugin::launch_data()
-{
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<bool>("staleDatabase");
-    QTest::addColumn<QStringList>("calls");
-    QTest::addColumn<bool>("database");
-
-    const QString query = At("QueryLaunchRequirement", "default");
-    QTest::newRow("supported") << "supported" << false << QStringList{query, "ShowTool(db=unloaded)"} << false;
-    QTest::newRow("supported, stale database") << "supported" << true << QStringList{query, "ShowTool(db=unloaded)"}
-                                               << false;
-    QTest::newRow("needs database") << "needdb" << false << QStringList{query, "ShowTool(db=loaded)"} << true;
-    QTest::newRow("unsupported") << "unsupported" << false << QStringList{query} << false;
-}
-
-void TestHostPlugin::launch()
-{
-    QFETCH(QString, answer);
-    QFETCH(bool, staleDatabase);
-    QFETCH(QStringList, calls);
-    QFETCH(bool, database);
-
-    SHostWithTool tool;
-    QVERIFY(tool.loaded);
-    SLog log(tool.host);
-    QSignalSpy refused(&tool.host, &CPluginHost::Signal_LaunchRefused);
-    qputenv(FakeTool::kAnswerVariable, answer.toUtf8());
-    if (staleDatabase)
-        TavoSim::LoadDatabase();
-
-    const bool supported = answer != "unsupported";
-    QCOMPARE(tool.host.Launch(),
-             supported ? CPluginHost::LaunchResult::Shown : CPluginHost::LaunchResult::Unsupported);
-    QCOMPARE(Calls(tool.host), calls);
-    QCOMPARE(TavoSim::IsDatabaseLoaded(), database);
-    QVERIFY2(log.text.contains(QStringLiteral("isNeedDb=%1, isDbOptional=%2, extraInfo=\"answer=%3\"")
-                                   .arg(database ? "true" : "false", database ? "false" : "true", answer)),
-             qPrintable(log.text));
-    QCOMPARE(ToolWindow() && ToolWindow()->isVisible(), supported);
-    QCOMPARE(refused.count(), supported ? 0 : 1);
-    if (!supported) {
-        QCOMPARE(refused.at(0).at(0).toString(), QLatin1String(FakeTool::kUnsupportedReason));
-        QVERIFY2(log.text.contains(FakeTool::kUnsupportedReason), qPrintable(log.text));
+    void init()
+    {
+        qunsetenv(FakeTool::kAnswerVariable);
+        QVERIFY(TavoSim::LoadProfile("default"));
     }
-}
 
-void TestHostPlugin::pluginSignalsReachState()
-{
-    SHostWithTool tool;
-    QVERIFY(tool.loaded);
-    QSignalSpy states(&tool.host, &CPluginHost::Signal_StateChanged);
-    QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
+    void checkMetaData_data()
+    {
+        QTest::addColumn<QString>("json");
+        QTest::addColumn<QStringList>("problems"); // fragments; none: valid
 
-    QTRY_VERIFY(tool.host.IsActivated());
-    QStringList seen;
-    for (const QList<QVariant> &state : qAsConst(states))
-        seen << state.at(0).toString();
-    QCOMPARE(seen, (QStringList{"Fake Tool: inactive, busy", "Fake Tool: inactive, idle", "Fake Tool: active, idle"}));
+        const QString head = R"("IID": "com.halvorex.Tavo.TavoToolPlugin", "className": "CTool")";
+        auto with = [&](const QString &meta) { return QStringLiteral("{%1, \"MetaData\": %2}").arg(head, meta); };
 
-    tool.host.HideTool();
-    QCOMPARE(tool.host.StateText(), QStringLiteral("Fake Tool: inactive, idle"));
-}
+        QTest::newRow("valid") << with(R"({"type": "t", "name": "n", "version": "", "dependencies": ["a"]})")
+                               << QStringList();
+        QTest::newRow("foreign IID")
+            << R"({"IID": "org.example.X", "className": "C", "MetaData": {"type": "t", "name": "n", "version": "1", "dependencies": []}})"
+            << QStringList{R"(IID is "org.example.X")"};
+        QTest::newRow("no className") << R"({"IID": "com.halvorex.Tavo.TavoToolPlugin"})"
+                                      << QStringList{"className is not set", "MetaData is missing"};
+        QTest::newRow("empty name") << with(R"({"type": "t", "name": "", "version": "1", "dependencies": []})")
+                                    << QStringList{R"("name" is empty)"};
+        QTest::newRow("every field wrong") << with(R"({"type": 2, "name": null, "dependencies": {}})")
+                                           << QStringList{R"("type" is not a string)", R"("name" is not a string)",
+                                                          R"(no "version")", R"("dependencies" is not an array)"};
+    }
+    void checkMetaData()
+    {
+        QFETCH(QString, json);
+        QFETCH(QStringList, problems);
 
-void TestHostPlugin::unloadDeletesToolWindow()
-{
-    SHostWithTool tool;
-    QVERIFY(tool.loaded);
-    QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
-    QPointer<QWidget> window = ToolWindow();
-    QPointer<QObject> instance = tool.host.PluginObject();
-    QVERIFY(window);
+        const QString found = CPluginLocator::CheckMetaData(QJsonDocument::fromJson(json.toUtf8()).object());
+        QCOMPARE(found.isEmpty(), problems.isEmpty());
+        for (const QString &problem : problems)
+            QVERIFY2(found.contains(problem), qPrintable(found));
+    }
 
-    tool.host.UnloadPlugin();
-    QVERIFY(!instance);
-    QVERIFY(!window);
+    void discovery_data()
+    {
+        QTest::addColumn<QStringList>("files");     // "source=name in the folder"
+        QTest::addColumn<QString>("loaded");        // file name; empty: none
+        QTest::addColumn<QStringList>("messages");  // in the log
+        QTest::addColumn<QStringList>("absent");    // not in the log
 
-    // It loads again after that.
-    QVERIFY(tool.host.LoadPlugin(FAKE_TOOL_PATH));
-    QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
-}
+        const QString good = FAKE_TOOL_PATH, wrongIid = FAKE_TOOL_WRONG_IID_PATH, badMeta = FAKE_TOOL_BAD_META_PATH;
+        const QString text = __FILE__;
 
-void TestHostPlugin::changeTarget_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QStringList>("calls");
+        QTest::newRow("bad metadata rejected") << QStringList{badMeta + "=libA.so", good + "=libB.so"} << "libB.so"
+                                               << QStringList{R"(Rejected plug-in {dir}/libA.so: MetaData has no "version")"}
+                                               << QStringList();
+        QTest::newRow("foreign IID skipped") << QStringList{wrongIid + "=libA.so", good + "=libB.so"} << "libB.so"
+                                             << QStringList{R"(Skipped libA.so: IID "com.example.NotATool")"}
+                                             << QStringList{"Rejected"};
+        QTest::newRow("other files unnoticed")
+            << QStringList{text + "=libJunk.so", text + "=notes.txt", good + "=libTool.so"} << "libTool.so"
+            << QStringList() << QStringList{"Skipped", "Rejected", "libJunk"};
+        QTest::newRow("one tool at a time") << QStringList{good + "=libA.so", good + "=libB.so"} << "libA.so"
+                                            << QStringList{"Ignored {dir}/libB.so"} << QStringList();
+        QTest::newRow("nothing usable") << QStringList{badMeta + "=libA.so", wrongIid + "=libB.so"} << ""
+                                        << QStringList{"No usable tool plug-in", "Skipped libB.so"} << QStringList();
+        QTest::newRow("empty folder") << QStringList() << "" << QStringList{"No tool plug-in"} << QStringList();
+    }
+    void discovery()
+    {
+        QFETCH(QStringList, files);
+        QFETCH(QString, loaded);
+        QFETCH(QStringList, messages);
+        QFETCH(QStringList, absent);
 
-    // A supported target: menus().
-    const QString other = OtherProfile();
-    QTest::newRow("unsupported hides the tool")
-        << other << "unsupported"
-        << QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", other), "HideTool"};
-    QTest::newRow("unknown profile keeps the target")
-        << "no-such-profile" << "supported"
-        << QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", "default"), "ShowTool(db=unloaded)"};
-}
+        QTemporaryDir dir;
+        for (const QString &file : files)
+            QVERIFY(QFile::copy(file.section('=', 0, 0), dir.filePath(file.section('=', 1))));
 
-void TestHostPlugin::changeTarget()
-{
-    QFETCH(QString, profile);
-    QFETCH(QString, answer);
-    QFETCH(QStringList, calls);
-    QVERIFY2(!profile.isEmpty(), "needs a second built-in profile");
+        CPluginHost host;
+        SLog log(host);
+        QCOMPARE(host.LoadPluginFromFolder(dir.path()), !loaded.isEmpty());
+        QCOMPARE(host.IsLoaded(), !loaded.isEmpty());
+        if (!loaded.isEmpty())
+            messages << "Plug-in loaded: " + dir.filePath(loaded);
+        else
+            QVERIFY(log.text.contains(host.LastError()));
+        for (QString message : messages)
+            QVERIFY2(log.text.contains(message.replace("{dir}", dir.path())), qPrintable(log.text));
+        for (const QString &message : absent)
+            QVERIFY2(!log.text.contains(message), qPrintable(log.text));
+    }
 
-    SHostWithTool tool;
-    QVERIFY(tool.loaded);
-    QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
-    ClearCalls(tool.host);
+    void launch_data()
+    {
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<bool>("staleDatabase");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<bool>("database");
 
-    qputenv(FakeTool::kAnswerVariable, answer.toUtf8());
-    const bool known = profile != "no-such-profile";
-    QCOMPARE(tool.host.ChangeTarget(profile), known);
-    QCOMPARE(Calls(tool.host), calls);
-    QCOMPARE(tool.host.TargetProfile(), known ? profile : QStringLiteral("default"));
-    if (!known)
-        QVERIFY2(tool.host.LastError().contains(profile), qPrintable(tool.host.LastError()));
-}
+        const QString query = At("QueryLaunchRequirement", "default");
+        QTest::newRow("supported") << "supported" << false << QStringList{query, "ShowTool(db=unloaded)"} << false;
+        QTest::newRow("supported, stale database") << "supported" << true << QStringList{query, "ShowTool(db=unloaded)"}
+                                                   << false;
+        QTest::newRow("needs database") << "needdb" << false << QStringList{query, "ShowTool(db=loaded)"} << true;
+        QTest::newRow("unsupported") << "unsupported" << false << QStringList{query} << false;
+    }
+    void launch()
+    {
+        QFETCH(QString, answer);
+        QFETCH(bool, staleDatabase);
+        QFETCH(QStringList, calls);
+        QFETCH(bool, database);
 
-void TestHostPlugin::menus()
-{
-    SHostWithTool tool;
-    QVERIFY(tool.loaded);
-    CHostWindow window(&tool.host);
-    auto trigger = [](QMenu *menu, const QString &text) {
-        for (QAction *action : menu->actions()) {
-            if (action->text().remove('&') == text) {
-                action->trigger();
-                return true;
-            }
+        SHostWithTool tool;
+        QVERIFY(tool.loaded);
+        SLog log(tool.host);
+        QSignalSpy refused(&tool.host, &CPluginHost::Signal_LaunchRefused);
+        qputenv(FakeTool::kAnswerVariable, answer.toUtf8());
+        if (staleDatabase)
+            TavoSim::LoadDatabase();
+
+        const bool supported = answer != "unsupported";
+        QCOMPARE(tool.host.Launch(),
+                 supported ? CPluginHost::LaunchResult::Shown : CPluginHost::LaunchResult::Unsupported);
+        QCOMPARE(Calls(tool.host), calls);
+        QCOMPARE(TavoSim::IsDatabaseLoaded(), database);
+        QVERIFY2(log.text.contains(QStringLiteral("isNeedDb=%1, isDbOptional=%2, extraInfo=\"answer=%3\"")
+                                       .arg(database ? "true" : "false", database ? "false" : "true", answer)),
+                 qPrintable(log.text));
+        QCOMPARE(ToolWindow() && ToolWindow()->isVisible(), supported);
+        QCOMPARE(refused.count(), supported ? 0 : 1);
+        if (!supported) {
+            QCOMPARE(refused.at(0).at(0).toString(), QLatin1String(FakeTool::kUnsupportedReason));
+            QVERIFY2(log.text.contains(FakeTool::kUnsupportedReason), qPrintable(log.text));
         }
-        return false;
-    };
-
-    // Target: one exclusive entry per built-in profile, the connected one checked.
-    const QString other = OtherProfile();
-    for (const QString &profile : TavoSim::BuiltInProfiles()) {
-        QAction *action = window.ProfileAction(profile);
-        QVERIFY2(action && window.TargetMenu()->actions().contains(action), qPrintable(profile));
-        QVERIFY(action->isCheckable() && action->actionGroup()->isExclusive());
-        QCOMPARE(action->isChecked(), profile == "default");
     }
-    QVERIFY(trigger(window.TargetMenu(), other));
-    QCOMPARE(Calls(tool.host), (QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", other),
-                                            "ShowTool(db=unloaded)"}));
-    QVERIFY(window.ProfileAction(other)->isChecked());
-    QVERIFY(!window.ProfileAction("default")->isChecked());
 
-    // Tool: each entry reaches the plug-in.
-    ClearCalls(tool.host);
-    for (const char *entry : {"Open tool", "Hide tool", "Disable pages", "Enable pages"})
-        QVERIFY2(trigger(window.ToolMenu(), entry), entry);
-    QCOMPARE(Calls(tool.host), (QStringList{At("QueryLaunchRequirement", other), "ShowTool(db=unloaded)", "HideTool",
-                                            "DisablePages", "EnablePages"}));
+    void pluginSignalsReachState()
+    {
+        SHostWithTool tool;
+        QVERIFY(tool.loaded);
+        QSignalSpy states(&tool.host, &CPluginHost::Signal_StateChanged);
+        QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
 
-    // Disconnect: reset, no database, nothing checked, and no launch until a
-    // profile is chosen again.
-    TavoSim::LoadDatabase();
-    ClearCalls(tool.host);
-    QVERIFY(trigger(window.TargetMenu(), "Disconnect (reset tool)"));
-    QVERIFY(!TavoSim::IsDatabaseLoaded());
-    QVERIFY(!window.ProfileAction(other)->isChecked());
-    QVERIFY(trigger(window.ToolMenu(), "Open tool"));
-    QCOMPARE(Calls(tool.host), QStringList{At("ResetPlugin", other)});
-    QVERIFY(trigger(window.TargetMenu(), "default"));
-    QCOMPARE(Calls(tool.host).last(), QStringLiteral("ShowTool(db=unloaded)"));
-    QVERIFY(window.LogText().contains("Target disconnected"));
-}
+        QTRY_VERIFY(tool.host.IsActivated());
+        QStringList seen;
+        for (const QList<QVariant> &state : qAsConst(states))
+            seen << state.at(0).toString();
+        QCOMPARE(seen, (QStringList{"Fake Tool: inactive, busy", "Fake Tool: inactive, idle", "Fake Tool: active, idle"}));
+
+        tool.host.HideTool();
+        QCOMPARE(tool.host.StateText(), QStringLiteral("Fake Tool: inactive, idle"));
+    }
+
+    void unloadDeletesToolWindow()
+    {
+        SHostWithTool tool;
+        QVERIFY(tool.loaded);
+        QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
+        QPointer<QWidget> window = ToolWindow();
+        QPointer<QObject> instance = tool.host.PluginObject();
+        QVERIFY(window);
+
+        tool.host.UnloadPlugin();
+        QVERIFY(!instance);
+        QVERIFY(!window);
+
+        // It loads again after that.
+        QVERIFY(tool.host.LoadPlugin(FAKE_TOOL_PATH));
+        QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
+    }
+
+    void changeTarget_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<QStringList>("calls");
+
+        // A supported target: menus().
+        const QString other = OtherProfile();
+        QTest::newRow("unsupported hides the tool")
+            << other << "unsupported"
+            << QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", other), "HideTool"};
+        QTest::newRow("unknown profile keeps the target")
+            << "no-such-profile" << "supported"
+            << QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", "default"), "ShowTool(db=unloaded)"};
+    }
+    void changeTarget()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, answer);
+        QFETCH(QStringList, calls);
+        QVERIFY2(!profile.isEmpty(), "needs a second built-in profile");
+
+        SHostWithTool tool;
+        QVERIFY(tool.loaded);
+        QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
+        ClearCalls(tool.host);
+
+        qputenv(FakeTool::kAnswerVariable, answer.toUtf8());
+        const bool known = profile != "no-such-profile";
+        QCOMPARE(tool.host.ChangeTarget(profile), known);
+        QCOMPARE(Calls(tool.host), calls);
+        QCOMPARE(tool.host.TargetProfile(), known ? profile : QStringLiteral("default"));
+        if (!known)
+            QVERIFY2(tool.host.LastError().contains(profile), qPrintable(tool.host.LastError()));
+    }
+
+    void menus()
+    {
+        SHostWithTool tool;
+        QVERIFY(tool.loaded);
+        CHostWindow window(&tool.host);
+        auto trigger = [](QMenu *menu, const QString &text) {
+            for (QAction *action : menu->actions()) {
+                if (action->text().remove('&') == text) {
+                    action->trigger();
+                    return true;
+                }
+            }
+            return false;
+        };
+
+        // Target: one exclusive entry per built-in profile, the connected one checked.
+        const QString other = OtherProfile();
+        for (const QString &profile : TavoSim::BuiltInProfiles()) {
+            QAction *action = window.ProfileAction(profile);
+            QVERIFY2(action && window.TargetMenu()->actions().contains(action), qPrintable(profile));
+            QVERIFY(action->isCheckable() && action->actionGroup()->isExclusive());
+            QCOMPARE(action->isChecked(), profile == "default");
+        }
+        QVERIFY(trigger(window.TargetMenu(), other));
+        QCOMPARE(Calls(tool.host), (QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", other),
+                                                "ShowTool(db=unloaded)"}));
+        QVERIFY(window.ProfileAction(other)->isChecked());
+        QVERIFY(!window.ProfileAction("default")->isChecked());
+
+        // Tool: each entry reaches the plug-in.
+        ClearCalls(tool.host);
+        for (const char *entry : {"Open tool", "Hide tool", "Disable pages", "Enable pages"})
+            QVERIFY2(trigger(window.ToolMenu(), entry), entry);
+        QCOMPARE(Calls(tool.host), (QStringList{At("QueryLaunchRequirement", other), "ShowTool(db=unloaded)", "HideTool",
+                                                "DisablePages", "EnablePages"}));
+
+        // Disconnect: reset, no database, nothing checked, and no launch until a
+        // profile is chosen again.
+        TavoSim::LoadDatabase();
+        ClearCalls(tool.host);
+        QVERIFY(trigger(window.TargetMenu(), "Disconnect (reset tool)"));
+        QVERIFY(!TavoSim::IsDatabaseLoaded());
+        QVERIFY(!window.ProfileAction(other)->isChecked());
+        QVERIFY(trigger(window.ToolMenu(), "Open tool"));
+        QCOMPARE(Calls(tool.host), QStringList{At("ResetPlugin", other)});
+        QVERIFY(trigger(window.TargetMenu(), "default"));
+        QCOMPARE(Calls(tool.host).last(), QStringLiteral("ShowTool(db=unloaded)"));
+        QVERIFY(window.LogText().contains("Target disconnected"));
+    }
+};
 
 QTEST_MAIN(TestHostPlugin)
 #include "tst_HostPlugin.moc"

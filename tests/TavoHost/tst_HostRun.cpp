@@ -18,103 +18,99 @@ class TestHostRun : public QObject {
     Q_OBJECT
 
 private slots:
-    void run_data();
-    void run();
+    void run_data()
+    {
+        QTest::addColumn<QStringList>("arguments"); // "{dir}" stands for the run's working folder
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QString>("screenshot"); // the PNG expected, relative to {dir}; empty: none
+        QTest::addColumn<QString>("stdoutText");
+        QTest::addColumn<QString>("stderrText");
+
+        const QString good = QStringLiteral(FAKE_TOOL_PATH);
+        const QStringList shot{"--plugin", good, "--screenshot", "{dir}/shot.png"};
+
+        QTest::newRow("ready") << shot << "needdb" << 0 << "shot.png" << "screenshot saved: {dir}/shot.png" << "";
+        QTest::newRow("relative file name, missing folders are made")
+            << QStringList{"--plugin", good, "--screenshot", "new/shot.png"} << "supported" << 0 << "new/shot.png"
+            << "screenshot saved: {dir}/new/shot.png" << "";
+
+        QTest::newRow("never ready") << shot + QStringList{"--timeout", "1"} << "never-enabled" << 2 << "" << ""
+                                     << "tool not ready after 1 s";
+        QTest::newRow("a page the tool does not have")
+            << shot + QStringList{"--page", "No such page"} << "supported" << 1 << "" << ""
+            << "the tool has no page \"No such page\"";
+        QTest::newRow("unsupported") << shot << "unsupported" << 3 << "" << "" << FakeTool::kUnsupportedReason;
+        QTest::newRow("bad metadata")
+            << QStringList{"--plugin", FAKE_TOOL_BAD_META_PATH, "--screenshot", "{dir}/shot.png"} << "supported" << 1
+            << "" << "" << "no \"version\"";
+        QTest::newRow("unknown profile") << shot + QStringList{"--profile", "no-such-profile"} << "supported" << 1 << ""
+                                         << "" << "no-such-profile";
+        QTest::newRow("unwritable file")
+            << QStringList{"--plugin", good, "--screenshot", "{dir}/blocker/shot.png"} << "supported" << 1 << ""
+            << "" << "could not write";
+        QTest::newRow("bad command line") << shot + QStringList{"--timeout", "x"} << "supported" << 1 << "" << ""
+                                          << "--timeout";
+    }
+    void run()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, answer);
+        QFETCH(int, exitCode);
+        QFETCH(QString, screenshot);
+        QFETCH(QString, stdoutText);
+        QFETCH(QString, stderrText);
+
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        const QString dirPath = QFileInfo(dir.path()).canonicalFilePath();
+        QFile blocker(QDir(dirPath).filePath(QStringLiteral("blocker"))); // a file where a folder would have to be
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        for (QString &argument : arguments)
+            argument.replace(QLatin1String("{dir}"), dirPath);
+        stdoutText.replace(QLatin1String("{dir}"), dirPath);
+
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(QString::fromLatin1(FakeTool::kAnswerVariable), answer);
+
+        QProcess host;
+        host.setProcessEnvironment(environment);
+        host.setWorkingDirectory(dirPath);
+        host.start(QStringLiteral(TAVO_HOST_PATH), arguments);
+        QVERIFY2(host.waitForFinished(90000), "tavo-host did not finish");
+        const QString out = QString::fromLocal8Bit(host.readAllStandardOutput());
+        const QString err = QString::fromLocal8Bit(host.readAllStandardError());
+        const QString both = QStringLiteral("stdout:\n%1\nstderr:\n%2").arg(out, err);
+
+        QCOMPARE(host.exitStatus(), QProcess::NormalExit);
+        QVERIFY2(host.exitCode() == exitCode, qPrintable(QStringLiteral("exit code %1\n").arg(host.exitCode()) + both));
+        QVERIFY2(out.contains(stdoutText), qPrintable(both));
+        QVERIFY2(err.contains(stderrText), qPrintable(both));
+
+        QStringList pngs;
+        QDirIterator it(dirPath, {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext())
+            pngs << QDir(dirPath).relativeFilePath(it.next());
+        if (screenshot.isEmpty()) {
+            QVERIFY2(pngs.isEmpty(), qPrintable(pngs.join(", ")));
+            QVERIFY2(!out.contains(QLatin1String("screenshot saved")), qPrintable(both));
+            return;
+        }
+        QCOMPARE(pngs, QStringList{screenshot});
+        const QImage image(QDir(dirPath).filePath(screenshot), "PNG");
+        QVERIFY(!image.isNull());
+        // The tool's window, not the host's, and painted.
+        QCOMPARE(image.size(), QSize(FakeTool::kWindowWidth, FakeTool::kWindowHeight));
+        QSet<QRgb> colours;
+        for (int y = 0; y < image.height() && colours.size() < 2; y += 2) {
+            for (int x = 0; x < image.width() && colours.size() < 2; x += 2)
+                colours.insert(image.pixel(x, y));
+        }
+        QVERIFY2(colours.size() >= 2, "the screenshot is a single colour");
+    }
 };
-
-void TestHostRun::run_data()
-{
-    QTest::addColumn<QStringList>("arguments"); // "{dir}" stands for the run's working folder
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QString>("screenshot"); // the PNG expected, relative to {dir}; empty: none
-    QTest::addColumn<QString>("stdoutText");
-    QTest::addColumn<QString>("stderrText");
-
-    const QString good = QStringLiteral(FAKE_TOOL_PATH);
-    const QStringList shot{"--plugin", good, "--screenshot", "{dir}/shot.png"};
-
-    QTest::newRow("ready") << shot << "needdb" << 0 << "shot.png" << "screenshot saved: {dir}/shot.png" << "";
-    QTest::newRow("relative file name, missing folders are made")
-        << QStringList{"--plugin", good, "--screenshot", "new/shot.png"} << "supported" << 0 << "new/shot.png"
-        << "screenshot saved: {dir}/new/shot.png" << "";
-
-    QTest::newRow("never ready") << shot + QStringList{"--timeout", "1"} << "never-enabled" << 2 << "" << ""
-                                 << "tool not ready after 1 s";
-    QTest::newRow("a page the tool does not have")
-        << shot + QStringList{"--page", "No such page"} << "supported" << 1 << "" << ""
-        << "the tool has no page \"No such page\"";
-    QTest::newRow("unsupported") << shot << "unsupported" << 3 << "" << "" << FakeTool::kUnsupportedReason;
-    QTest::newRow("bad metadata")
-        << QStringList{"--plugin", FAKE_TOOL_BAD_META_PATH, "--screenshot", "{dir}/shot.png"} << "supported" << 1
-        << "" << "" << "no \"version\"";
-    QTest::newRow("unknown profile") << shot + QStringList{"--profile", "no-such-profile"} << "supported" << 1 << ""
-                                     << "" << "no-such-profile";
-    QTest::newRow("unwritable file")
-        << QStringList{"--plugin", good, "--screenshot", "{dir}/blocker/shot.png"} << "supported" << 1 << ""
-        << "" << "could not write";
-    QTest::newRow("bad command line") << shot + QStringList{"--timeout", "x"} << "supported" << 1 << "" << ""
-                                      << "--timeout";
-}
-
-void TestHostRun::run()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, answer);
-    QFETCH(int, exitCode);
-    QFETCH(QString, screenshot);
-    QFETCH(QString, stdoutText);
-    QFETCH(QString, stderrText);
-
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    const QString dirPath = QFileInfo(dir.path()).canonicalFilePath();
-    QFile blocker(QDir(dirPath).filePath(QStringLiteral("blocker"))); // a file where a folder would have to be
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-    for (QString &argument : arguments)
-        argument.replace(QLatin1String("{dir}"), dirPath);
-    stdoutText.replace(QLatin1String("{dir}"), dirPath);
-
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QString::fromLatin1(FakeTool::kAnswerVariable), answer);
-
-    QProcess host;
-    host.setProcessEnvironment(environment);
-    host.setWorkingDirectory(dirPath);
-    host.start(QStringLiteral(TAVO_HOST_PATH), arguments);
-    QVERIFY2(host.waitForFinished(90000), "tavo-host did not finish");
-    const QString out = QString::fromLocal8Bit(host.readAllStandardOutput());
-    const QString err = QString::fromLocal8Bit(host.readAllStandardError());
-    const QString both = QStringLiteral("stdout:\n%1\nstderr:\n%2").arg(out, err);
-
-    QCOMPARE(host.exitStatus(), QProcess::NormalExit);
-    QVERIFY2(host.exitCode() == exitCode, qPrintable(QStringLiteral("exit code %1\n").arg(host.exitCode()) + both));
-    QVERIFY2(out.contains(stdoutText), qPrintable(both));
-    QVERIFY2(err.contains(stderrText), qPrintable(both));
-
-    QStringList pngs;
-    QDirIterator it(dirPath, {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext())
-        pngs << QDir(dirPath).relativeFilePath(it.next());
-    if (screenshot.isEmpty()) {
-        QVERIFY2(pngs.isEmpty(), qPrintable(pngs.join(", ")));
-        QVERIFY2(!out.contains(QLatin1String("screenshot saved")), qPrintable(both));
-        return;
-    }
-    QCOMPARE(pngs, QStringList{screenshot});
-    const QImage image(QDir(dirPath).filePath(screenshot), "PNG");
-    QVERIFY(!image.isNull());
-    // The tool's window, not the host's, and painted.
-    QCOMPARE(image.size(), QSize(FakeTool::kWindowWidth, FakeTool::kWindowHeight));
-    QSet<QRgb> colours;
-    for (int y = 0; y < image.height() && colours.size() < 2; y += 2) {
-        for (int x = 0; x < image.width() && colours.size() < 2; x += 2)
-            colours.insert(image.pixel(x, y));
-    }
-    QVERIFY2(colours.size() >= 2, "the screenshot is a single colour");
-}
 
 QTEST_MAIN(TestHostRun)
 #include "tst_HostRun.moc"

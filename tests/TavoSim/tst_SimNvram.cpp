@@ -89,270 +89,255 @@ private slots:
         TavoSim::Reset();
     }
 
-    void database();
-    void codecs_data();
-    void codecs();
-    void profileRecords_data();
-    void profileRecords();
-    void transport_data();
-    void transport();
-    void integrityRecord();
-    void fileOutlivesProcess();
-    void fileOutlivesReset();
-    void unwritableFile();
-};
-
-/* A profile's database sets counts and leaves LIDs out, for the database and
- * the target's NVRAM alike. Sizes show in codecs; the plain database is read
- * through the plug-in by tests/Controller/tst_CalItemBase. */
-void tst_SimNvram::database()
-{
-    QVERIFY(useTarget(json(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 11},
-                                            "withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]}})")));
-    int count = 0;
-    uint32_t size = 0;
-    QCOMPARE(TAVO_NVRAM_GetRecordCount(kImei, &count), TAVO_OK);
-    QCOMPARE(count, 11);
-    QCOMPARE(TavoSim::NvramRecord(kImei, 11).size(), 20);
-    QVERIFY(TavoSim::NvramRecord(kImei, 12).isEmpty());
-    QCOMPARE(TAVO_NVRAM_LidExists(kCap), TAVO_ERR_LID_NOT_FOUND);
-    QCOMPARE(TAVO_NVRAM_GetRecordSize(kCap, &size), TAVO_ERR_LID_NOT_FOUND);
-    QCOMPARE(TAVO_NVRAM_GetRecordCount(kCap, &count), TAVO_ERR_LID_NOT_FOUND);
-    QVERIFY(TavoSim::NvramRecord(kCap).isEmpty());
-}
-
-void tst_SimNvram::codecs_data()
-{
-    QTest::addColumn<QJsonObject>("patch");
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("lid");
-    QTest::addColumn<int>("decodedSize");
-    QTest::addColumn<int>("heldSize"); /* decoded bytes the raw record holds */
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<int>("offset"); /* of the field's element in the decoded record */
-    QTest::addColumn<int>("width");
-
-    const QJsonObject none;
-    QTest::newRow("TX DAC") << none << "TxDac" << kTxDac0 << 228 << 228 << "paPower[5]" << 34 << 2;
-    QTest::newRow("TX DAC without max PA power") << json(R"({"database": {"maxPaPowerBandGroups": []}})") << "TxDac"
-                                                 << kTxDac0 << 228 << 224 << "hysteresisEnd1" << 222 << 2;
-    QTest::newRow("AFC, CAP id untouched") << none << "Afc" << "NVRAM_EF_AST_TL1_AFC_DATA_LID" << 8 << 4
-                                           << "slopeInverse" << 2 << 2;
-    QTest::newRow("IMEI") << none << "Imei" << kImei << 18 << 18 << "imei[15]" << 15 << 1;
-}
-
-/* A decoded record survives compose and decompose; the raw record holds each
- * field where the database names it; what the raw record lacks stays. (TADC:
- * through the plug-in, tests/Controller/tst_CalItemBase.) */
-void tst_SimNvram::codecs()
-{
-    QFETCH(QJsonObject, patch);
-    QFETCH(QString, kind);
-    QFETCH(QString, lid);
-    QFETCH(int, decodedSize);
-    QFETCH(int, heldSize);
-    QFETCH(QString, field);
-    QFETCH(int, offset);
-    QFETCH(int, width);
-
-    QVERIFY(useTarget(patch));
-    const QByteArray name = lid.toLatin1();
-    QByteArray decoded(decodedSize, '\0');
-    for (int i = 0; i < decodedSize; ++i)
-        decoded[i] = char(i * 37 + 11);
-    QByteArray raw(int(recordSize(name)), '\0');
-    QCOMPARE(convert(kind, true, decoded.data(), raw.data(), uint32_t(raw.size())), TAVO_OK);
-    QVERIFY(raw != decoded.left(raw.size()));
-
-    char value[4] = {};
-    QCOMPARE(readField(name, raw, field.toLatin1(), value, sizeof value), TAVO_OK);
-    QCOMPARE(QByteArray(value, width), decoded.mid(offset, width));
-
-    QByteArray back(decodedSize, '\x5a');
-    QCOMPARE(convert(kind, false, back.data(), raw.data(), uint32_t(raw.size())), TAVO_OK);
-    QCOMPARE(back.left(heldSize), decoded.left(heldSize));
-    QCOMPARE(back.mid(heldSize), QByteArray(decodedSize - heldSize, '\x5a'));
-
-    QCOMPARE(convert(kind, true, decoded.data(), raw.data(), uint32_t(heldSize / 2)), TAVO_ERR_BUFFER_TOO_SMALL);
-}
-
-void tst_SimNvram::profileRecords_data()
-{
-    QTest::addColumn<QByteArray>("records"); /* nvram.records */
-    QTest::addColumn<QString>("lid");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QString>("field"); /* read as a signed 16-bit element, or one character */
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("error");
-
-    const QByteArray tadc = R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [1, 2]}})";
-    QTest::newRow("seeded element") << tadc << kTadc << 1 << "adc[1]" << 2 << "";
-    QTest::newRow("second record, text") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {"imei": "1234"}]})")
-                                         << kImei << 2 << "imei[3]" << int('4') << "";
-    QTest::newRow("unknown field") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"x": 1}})") << "" << 0 << ""
-                                   << 0 << "NVRAM_EF_AST_TL1_TEMP_DAC_LID.x: a Tadc record has no such field";
-    QTest::newRow("value out of range") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [70000]}})")
-                                        << "" << 0 << "" << 0 << "adc: expected up to 8 integers from -32768 to 65535";
-    QTest::newRow("too many records") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {}, {}]})") << "" << 0
-                                      << "" << 0 << "the LID has 2 record(s)";
-}
-
-void tst_SimNvram::profileRecords()
-{
-    QFETCH(QByteArray, records);
-    QFETCH(QString, lid);
-    QFETCH(int, number);
-    QFETCH(QString, field);
-    QFETCH(int, value);
-    QFETCH(QString, error);
-
-    QString problem;
-    const QJsonObject patch{{"nvram", QJsonObject{{"records", json(records)}}}};
-    QCOMPARE(TavoSim::PatchProfile(patch, &problem), error.isEmpty());
-    QVERIFY2(problem.contains(error), qPrintable(problem));
-    if (!error.isEmpty())
-        return;
-    TavoSim::LoadDatabase();
-    qint16 element = 0;
-    QCOMPARE(readField(lid.toLatin1(), TavoSim::NvramRecord(lid, number), field.toLatin1(), &element, sizeof element),
-             TAVO_OK);
-    QCOMPARE(field.startsWith("imei") ? int(char(element)) : int(element), value);
-}
-
-void tst_SimNvram::transport_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<QString>("lid");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("extra"); /* buffer bytes beyond the record's size */
-    QTest::addColumn<int>("result");
-
-    QTest::newRow("read, larger buffer") << "default" << "read" << kTadc << 1 << 4 << 0;
-    QTest::newRow("read, smaller buffer") << "default" << "read" << kTadc << 1 << -1 << int(TAVO_ERR_BUFFER_TOO_SMALL);
-    QTest::newRow("read, no such record") << "default" << "read" << kTadc << 2 << 0 << int(TAVO_ERR_INVALID_ARGUMENT);
-    QTest::newRow("write, smaller buffer") << "default" << "write" << kImei << 2 << -1 << int(TAVO_ERR_BUFFER_TOO_SMALL);
-    QTest::newRow("C2K read on a 3GPP modem") << "default" << "c2kRead" << kTadc << 1 << 0 << int(TAVO_ERR_NOT_SUPPORTED);
-    QTest::newRow("3GPP write on a C2K modem") << "c2k-modem" << "write" << kTadc << 1 << 0 << int(TAVO_ERR_NOT_SUPPORTED);
-    QTest::newRow("C2K write") << "c2k-modem" << "c2kWrite" << kTadc << 1 << 0 << 0;
-}
-
-/* A transfer moves exactly the record or nothing; a reset brings back the
- * profile's records. (Faults in a batch: tests/Controller/tst_NvramMan.) */
-void tst_SimNvram::transport()
-{
-    QFETCH(QString, profile);
-    QFETCH(QString, call);
-    QFETCH(QString, lid);
-    QFETCH(int, number);
-    QFETCH(int, extra);
-    QFETCH(int, result);
-
-    QVERIFY(TavoSim::LoadProfile(profile));
-    const bool write = call.endsWith("rite");
-    const QByteArray before = TavoSim::NvramRecord(lid, number);
-    const int size = before.isEmpty() ? 0 : before.size();
-    QByteArray buffer(size + extra, '\x5a');
-    if (write) {
-        for (int i = 0; i < buffer.size(); ++i)
-            buffer[i] = char(i + 1);
+    /* A profile's database sets counts and leaves LIDs out, for the database and
+     * the target's NVRAM alike. Sizes show in codecs; the plain database is read
+     * through the plug-in by tests/Controller/tst_CalItemBase. */
+    void database()
+    {
+        QVERIFY(useTarget(json(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 11},
+                                                "withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]}})")));
+        int count = 0;
+        uint32_t size = 0;
+        QCOMPARE(TAVO_NVRAM_GetRecordCount(kImei, &count), TAVO_OK);
+        QCOMPARE(count, 11);
+        QCOMPARE(TavoSim::NvramRecord(kImei, 11).size(), 20);
+        QVERIFY(TavoSim::NvramRecord(kImei, 12).isEmpty());
+        QCOMPARE(TAVO_NVRAM_LidExists(kCap), TAVO_ERR_LID_NOT_FOUND);
+        QCOMPARE(TAVO_NVRAM_GetRecordSize(kCap, &size), TAVO_ERR_LID_NOT_FOUND);
+        QCOMPARE(TAVO_NVRAM_GetRecordCount(kCap, &count), TAVO_ERR_LID_NOT_FOUND);
+        QVERIFY(TavoSim::NvramRecord(kCap).isEmpty());
     }
-    const QByteArray sent = buffer;
 
-    QCOMPARE(int(transfer(call, lid.toLatin1(), number, buffer)), result);
-    const QByteArray after = TavoSim::NvramRecord(lid, number);
-    if (write) {
-        QCOMPARE(after, result == TAVO_OK ? sent.left(size) : before);
+    void codecs_data()
+    {
+        QTest::addColumn<QJsonObject>("patch");
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("lid");
+        QTest::addColumn<int>("decodedSize");
+        QTest::addColumn<int>("heldSize"); /* decoded bytes the raw record holds */
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("offset"); /* of the field's element in the decoded record */
+        QTest::addColumn<int>("width");
+
+        const QJsonObject none;
+        QTest::newRow("TX DAC") << none << "TxDac" << kTxDac0 << 228 << 228 << "paPower[5]" << 34 << 2;
+        QTest::newRow("TX DAC without max PA power") << json(R"({"database": {"maxPaPowerBandGroups": []}})") << "TxDac"
+                                                     << kTxDac0 << 228 << 224 << "hysteresisEnd1" << 222 << 2;
+        QTest::newRow("AFC, CAP id untouched") << none << "Afc" << "NVRAM_EF_AST_TL1_AFC_DATA_LID" << 8 << 4
+                                               << "slopeInverse" << 2 << 2;
+        QTest::newRow("IMEI") << none << "Imei" << kImei << 18 << 18 << "imei[15]" << 15 << 1;
+    }
+    /* A decoded record survives compose and decompose; the raw record holds each
+     * field where the database names it; what the raw record lacks stays. (TADC:
+     * through the plug-in, tests/Controller/tst_CalItemBase.) */
+    void codecs()
+    {
+        QFETCH(QJsonObject, patch);
+        QFETCH(QString, kind);
+        QFETCH(QString, lid);
+        QFETCH(int, decodedSize);
+        QFETCH(int, heldSize);
+        QFETCH(QString, field);
+        QFETCH(int, offset);
+        QFETCH(int, width);
+
+        QVERIFY(useTarget(patch));
+        const QByteArray name = lid.toLatin1();
+        QByteArray decoded(decodedSize, '\0');
+        for (int i = 0; i < decodedSize; ++i)
+            decoded[i] = char(i * 37 + 11);
+        QByteArray raw(int(recordSize(name)), '\0');
+        QCOMPARE(convert(kind, true, decoded.data(), raw.data(), uint32_t(raw.size())), TAVO_OK);
+        QVERIFY(raw != decoded.left(raw.size()));
+
+        char value[4] = {};
+        QCOMPARE(readField(name, raw, field.toLatin1(), value, sizeof value), TAVO_OK);
+        QCOMPARE(QByteArray(value, width), decoded.mid(offset, width));
+
+        QByteArray back(decodedSize, '\x5a');
+        QCOMPARE(convert(kind, false, back.data(), raw.data(), uint32_t(raw.size())), TAVO_OK);
+        QCOMPARE(back.left(heldSize), decoded.left(heldSize));
+        QCOMPARE(back.mid(heldSize), QByteArray(decodedSize - heldSize, '\x5a'));
+
+        QCOMPARE(convert(kind, true, decoded.data(), raw.data(), uint32_t(heldSize / 2)), TAVO_ERR_BUFFER_TOO_SMALL);
+    }
+
+    void profileRecords_data()
+    {
+        QTest::addColumn<QByteArray>("records"); /* nvram.records */
+        QTest::addColumn<QString>("lid");
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QString>("field"); /* read as a signed 16-bit element, or one character */
+        QTest::addColumn<int>("value");
+        QTest::addColumn<QString>("error");
+
+        const QByteArray tadc = R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [1, 2]}})";
+        QTest::newRow("seeded element") << tadc << kTadc << 1 << "adc[1]" << 2 << "";
+        QTest::newRow("second record, text") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {"imei": "1234"}]})")
+                                             << kImei << 2 << "imei[3]" << int('4') << "";
+        QTest::newRow("unknown field") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"x": 1}})") << "" << 0 << ""
+                                       << 0 << "NVRAM_EF_AST_TL1_TEMP_DAC_LID.x: a Tadc record has no such field";
+        QTest::newRow("value out of range") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [70000]}})")
+                                            << "" << 0 << "" << 0 << "adc: expected up to 8 integers from -32768 to 65535";
+        QTest::newRow("too many records") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {}, {}]})") << "" << 0
+                                          << "" << 0 << "the LID has 2 record(s)";
+    }
+    void profileRecords()
+    {
+        QFETCH(QByteArray, records);
+        QFETCH(QString, lid);
+        QFETCH(int, number);
+        QFETCH(QString, field);
+        QFETCH(int, value);
+        QFETCH(QString, error);
+
+        QString problem;
+        const QJsonObject patch{{"nvram", QJsonObject{{"records", json(records)}}}};
+        QCOMPARE(TavoSim::PatchProfile(patch, &problem), error.isEmpty());
+        QVERIFY2(problem.contains(error), qPrintable(problem));
+        if (!error.isEmpty())
+            return;
+        TavoSim::LoadDatabase();
+        qint16 element = 0;
+        QCOMPARE(readField(lid.toLatin1(), TavoSim::NvramRecord(lid, number), field.toLatin1(), &element, sizeof element),
+                 TAVO_OK);
+        QCOMPARE(field.startsWith("imei") ? int(char(element)) : int(element), value);
+    }
+
+    void transport_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("call");
+        QTest::addColumn<QString>("lid");
+        QTest::addColumn<int>("number");
+        QTest::addColumn<int>("extra"); /* buffer bytes beyond the record's size */
+        QTest::addColumn<int>("result");
+
+        QTest::newRow("read, larger buffer") << "default" << "read" << kTadc << 1 << 4 << 0;
+        QTest::newRow("read, smaller buffer") << "default" << "read" << kTadc << 1 << -1 << int(TAVO_ERR_BUFFER_TOO_SMALL);
+        QTest::newRow("read, no such record") << "default" << "read" << kTadc << 2 << 0 << int(TAVO_ERR_INVALID_ARGUMENT);
+        QTest::newRow("write, smaller buffer") << "default" << "write" << kImei << 2 << -1 << int(TAVO_ERR_BUFFER_TOO_SMALL);
+        QTest::newRow("C2K read on a 3GPP modem") << "default" << "c2kRead" << kTadc << 1 << 0 << int(TAVO_ERR_NOT_SUPPORTED);
+        QTest::newRow("3GPP write on a C2K modem") << "c2k-modem" << "write" << kTadc << 1 << 0 << int(TAVO_ERR_NOT_SUPPORTED);
+        QTest::newRow("C2K write") << "c2k-modem" << "c2kWrite" << kTadc << 1 << 0 << 0;
+    }
+    /* A transfer moves exactly the record or nothing; a reset brings back the
+     * profile's records. (Faults in a batch: tests/Controller/tst_NvramMan.) */
+    void transport()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, call);
+        QFETCH(QString, lid);
+        QFETCH(int, number);
+        QFETCH(int, extra);
+        QFETCH(int, result);
+
+        QVERIFY(TavoSim::LoadProfile(profile));
+        const bool write = call.endsWith("rite");
+        const QByteArray before = TavoSim::NvramRecord(lid, number);
+        const int size = before.isEmpty() ? 0 : before.size();
+        QByteArray buffer(size + extra, '\x5a');
+        if (write) {
+            for (int i = 0; i < buffer.size(); ++i)
+                buffer[i] = char(i + 1);
+        }
+        const QByteArray sent = buffer;
+
+        QCOMPARE(int(transfer(call, lid.toLatin1(), number, buffer)), result);
+        const QByteArray after = TavoSim::NvramRecord(lid, number);
+        if (write) {
+            QCOMPARE(after, result == TAVO_OK ? sent.left(size) : before);
+            TavoSim::Reset();
+            QCOMPARE(TavoSim::NvramRecord(lid, number), before);
+        } else {
+            QCOMPARE(after, before);
+            QCOMPARE(buffer, result == TAVO_OK ? before + QByteArray(extra, '\x5a') : sent);
+        }
+    }
+
+    /* The record counts the writes between start and stop, and is never nested. */
+    void integrityRecord()
+    {
+        QVERIFY(useTarget({}));
+        uint32_t status = 99;
+        QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_Ex_r(0, 10000, &status), TAVO_ERR_FAILED);
+        QVERIFY(writeRecord(kTadc, QByteArray(18, '\1')) == TAVO_OK);
+
+        QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_Ex_r(0, 10000), TAVO_OK);
+        QVERIFY(TavoSim::IsCalDataIntegrityOpen());
+        QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), TAVO_ERR_BUSY);
+        QVERIFY(writeRecord(kTadc, QByteArray(18, '\2')) == TAVO_OK);
+        QVERIFY(writeRecord(kCap, QByteArray(4, '\3')) == TAVO_OK);
+        QVERIFY(writeRecord(kCap, QByteArray(3, '\3')) != TAVO_OK);
+        QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_r(0, 10000, &status), TAVO_OK);
+        QCOMPARE(status, 2u);
+        QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
+    }
+
+    /* What one host process writes, the next one reads; without the file the
+     * next one starts from the profile. */
+    void fileOutlivesProcess()
+    {
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        const QString file = dir.filePath("target.nvram");
+        auto session = [](const QStringList &arguments, QByteArray *out) {
+            QProcess process;
+            process.start(QStringLiteral(NVRAM_SESSION_PATH), arguments);
+            if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
+                return -1;
+            *out = process.readAllStandardOutput().trimmed();
+            return process.exitCode();
+        };
+
+        QByteArray out;
+        const QString written = QStringLiteral("0102030405060708090a0b0c0d0e0f101112");
+        QCOMPARE(session({file, "write", kTadc, written}, &out), 0);
+        QCOMPARE(session({file, "read", kTadc}, &out), 0);
+        QCOMPARE(out, written.toLatin1());
+        QCOMPARE(session({QString(), "read", kTadc}, &out), 0);
+        QCOMPARE(out, TavoSim::NvramRecord(kTadc).toHex());
+    }
+
+    /* The file's records come back with every reset and profile load, where
+     * they fit the target; dropping the file brings back the profile's. */
+    void fileOutlivesReset()
+    {
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        QVERIFY(useTarget({}));
+        const QByteArray profileGps = TavoSim::NvramRecord(kGps);
+        QVERIFY(TavoSim::SetNvramFile(dir.filePath("nvram.json")));
+        QCOMPARE(TavoSim::NvramFile(), dir.filePath("nvram.json"));
+        const QByteArray gps(24, '\7');
+        QCOMPARE(writeRecord(kGps, gps), TAVO_OK);
+
         TavoSim::Reset();
-        QCOMPARE(TavoSim::NvramRecord(lid, number), before);
-    } else {
-        QCOMPARE(after, before);
-        QCOMPARE(buffer, result == TAVO_OK ? before + QByteArray(extra, '\x5a') : sent);
+        QCOMPARE(TavoSim::NvramRecord(kGps), gps);
+        QVERIFY(TavoSim::LoadProfile("modern-l1"));
+        QCOMPARE(TavoSim::NvramRecord(kGps), gps);
+
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("record 1 of NVRAM_EF_GPS_CO_CLOCK_DATA_LID does not fit"));
+        QVERIFY(TavoSim::PatchProfile(json(R"({"database": {"recordSizes": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": 20}}})")));
+        QCOMPARE(TavoSim::NvramRecord(kGps), QByteArray(20, '\0'));
+
+        QVERIFY(TavoSim::SetNvramFile(QString()));
+        QVERIFY(TavoSim::LoadProfile("default"));
+        QCOMPARE(TavoSim::NvramRecord(kGps), profileGps);
     }
-}
 
-/* The record counts the writes between start and stop, and is never nested. */
-void tst_SimNvram::integrityRecord()
-{
-    QVERIFY(useTarget({}));
-    uint32_t status = 99;
-    QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_Ex_r(0, 10000, &status), TAVO_ERR_FAILED);
-    QVERIFY(writeRecord(kTadc, QByteArray(18, '\1')) == TAVO_OK);
-
-    QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_Ex_r(0, 10000), TAVO_OK);
-    QVERIFY(TavoSim::IsCalDataIntegrityOpen());
-    QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), TAVO_ERR_BUSY);
-    QVERIFY(writeRecord(kTadc, QByteArray(18, '\2')) == TAVO_OK);
-    QVERIFY(writeRecord(kCap, QByteArray(4, '\3')) == TAVO_OK);
-    QVERIFY(writeRecord(kCap, QByteArray(3, '\3')) != TAVO_OK);
-    QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_r(0, 10000, &status), TAVO_OK);
-    QCOMPARE(status, 2u);
-    QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
-}
-
-/* What one host process writes, the next one reads; without the file the
- * next one starts from the profile. */
-void tst_SimNvram::fileOutlivesProcess()
-{
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    const QString file = dir.filePath("target.nvram");
-    auto session = [](const QStringList &arguments, QByteArray *out) {
-        QProcess process;
-        process.start(QStringLiteral(NVRAM_SESSION_PATH), arguments);
-        if (!process.waitForFinished(30000) || process.exitStatus() != QProcess::NormalExit)
-            return -1;
-        *out = process.readAllStandardOutput().trimmed();
-        return process.exitCode();
-    };
-
-    QByteArray out;
-    const QString written = QStringLiteral("0102030405060708090a0b0c0d0e0f101112");
-    QCOMPARE(session({file, "write", kTadc, written}, &out), 0);
-    QCOMPARE(session({file, "read", kTadc}, &out), 0);
-    QCOMPARE(out, written.toLatin1());
-    QCOMPARE(session({QString(), "read", kTadc}, &out), 0);
-    QCOMPARE(out, TavoSim::NvramRecord(kTadc).toHex());
-}
-
-/* The file's records come back with every reset and profile load, where
- * they fit the target; dropping the file brings back the profile's. */
-void tst_SimNvram::fileOutlivesReset()
-{
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    QVERIFY(useTarget({}));
-    const QByteArray profileGps = TavoSim::NvramRecord(kGps);
-    QVERIFY(TavoSim::SetNvramFile(dir.filePath("nvram.json")));
-    QCOMPARE(TavoSim::NvramFile(), dir.filePath("nvram.json"));
-    const QByteArray gps(24, '\7');
-    QCOMPARE(writeRecord(kGps, gps), TAVO_OK);
-
-    TavoSim::Reset();
-    QCOMPARE(TavoSim::NvramRecord(kGps), gps);
-    QVERIFY(TavoSim::LoadProfile("modern-l1"));
-    QCOMPARE(TavoSim::NvramRecord(kGps), gps);
-
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("record 1 of NVRAM_EF_GPS_CO_CLOCK_DATA_LID does not fit"));
-    QVERIFY(TavoSim::PatchProfile(json(R"({"database": {"recordSizes": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": 20}}})")));
-    QCOMPARE(TavoSim::NvramRecord(kGps), QByteArray(20, '\0'));
-
-    QVERIFY(TavoSim::SetNvramFile(QString()));
-    QVERIFY(TavoSim::LoadProfile("default"));
-    QCOMPARE(TavoSim::NvramRecord(kGps), profileGps);
-}
-
-/* A write the file cannot keep fails and leaves the record as it was. */
-void tst_SimNvram::unwritableFile()
-{
-    QTemporaryDir dir;
-    QVERIFY(useTarget({}));
-    QVERIFY(TavoSim::SetNvramFile(dir.filePath("missing-folder/nvram.json")));
-    const QByteArray before = TavoSim::NvramRecord(kTadc);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot keep the NVRAM in"));
-    QCOMPARE(writeRecord(kTadc, QByteArray(18, '\1')), TAVO_ERR_FAILED);
-    QCOMPARE(TavoSim::NvramRecord(kTadc), before);
-}
+    /* A write the file cannot keep fails and leaves the record as it was. */
+    void unwritableFile()
+    {
+        QTemporaryDir dir;
+        QVERIFY(useTarget({}));
+        QVERIFY(TavoSim::SetNvramFile(dir.filePath("missing-folder/nvram.json")));
+        const QByteArray before = TavoSim::NvramRecord(kTadc);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot keep the NVRAM in"));
+        QCOMPARE(writeRecord(kTadc, QByteArray(18, '\1')), TAVO_ERR_FAILED);
+        QCOMPARE(TavoSim::NvramRecord(kTadc), before);
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_SimNvram)
 #include "tst_SimNvram.moc"

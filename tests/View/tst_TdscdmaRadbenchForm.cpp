@@ -47,154 +47,145 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void firstShowArmsTheTargetAndBuildsThePages();
-    void repeatedShowOnlyReArms();
-    void armingFailureShowsTheErrorAndBuildsNothing_data();
-    void armingFailureShowsTheErrorAndBuildsNothing();
-    void closeReleasesTheTarget_data();
-    void closeReleasesTheTarget();
-};
+    void firstShowArmsTheTargetAndBuildsThePages()
+    {
+        SimScope sim("default");
+        CTdscdmaRadbenchForm form;
+        QSignalSpy activated(&form, &CTdscdmaRadbenchForm::Signal_PluginIsActivated);
+        form.show();
+        QCOMPARE(activated.count(), 1);
+        QCOMPARE(activated.at(0).at(0).toBool(), true);
+        QVERIFY(!form.isEnabled());
+        QCOMPARE(StatusOf(form), QString("Please to wait the init Ubin flow..."));
 
-void TestTdscdmaRadbenchForm::firstShowArmsTheTargetAndBuildsThePages()
-{
-    SimScope sim("default");
-    CTdscdmaRadbenchForm form;
-    QSignalSpy activated(&form, &CTdscdmaRadbenchForm::Signal_PluginIsActivated);
-    form.show();
-    QCOMPARE(activated.count(), 1);
-    QCOMPARE(activated.at(0).at(0).toBool(), true);
-    QVERIFY(!form.isEnabled());
-    QCOMPARE(StatusOf(form), QString("Please to wait the init Ubin flow..."));
+        QTRY_VERIFY(IsReady(form, 9));
+        QCOMPARE(UbinModes(), QStringList{"mode=1"});
+        QVERIFY(TavoSim::IsUbinEnabled());
 
-    QTRY_VERIFY(IsReady(form, 9));
-    QCOMPARE(UbinModes(), QStringList{"mode=1"});
-    QVERIFY(TavoSim::IsUbinEnabled());
-
-    // Pages stand in the order of the page list, as one stack of tabs.
-    auto *tabs = form.findChild<QTabBar *>();
-    QVERIFY(tabs);
-    QStringList titles;
-    for (int i = 0; i < tabs->count(); ++i)
-        titles << tabs->tabText(i);
-    QCOMPARE(titles, (QStringList{"AFC Control", "Temperature ADC", "RSSI", "PathLoss", "Continuous RX",
-                                  "Continuous TX", "DPCH TX", "Baseband Register", "TPC Profile"}));
-    form.hide();
-}
-
-void TestTdscdmaRadbenchForm::repeatedShowOnlyReArms()
-{
-    SimScope sim("default");
-    CTdscdmaRadbenchForm form;
-    form.show();
-    QTRY_VERIFY(IsReady(form, 9));
-    const auto pages = form.Pages();
-
-    form.hide();
-    form.show();
-    QTRY_COMPARE(StatusOf(form), QString("Init Ubin and reset status successfully."));
-    QVERIFY(form.isEnabled());
-    QCOMPARE(form.Pages(), pages);
-    QCOMPARE(UbinModes(), (QStringList{"mode=1", "mode=1"}));
-    QCOMPARE(TavoSim::CallCount("AST_CAL_tl1_reset_r"), 2);
-    form.hide();
-}
-
-void TestTdscdmaRadbenchForm::armingFailureShowsTheErrorAndBuildsNothing_data()
-{
-    QTest::addColumn<QString>("failingCall");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("informativeText");
-
-    QTest::newRow("Ubin refused: the table's advice")
-        << "AST_UBIN_MODE_SETUP_r" << "Ubin init failed."
-        << "Please recheck SW load stability or connection status.";
-    QTest::newRow("layer 1 reset refused: the result's own message")
-        << "AST_CAL_tl1_reset_r" << "Tavo command execute failed." << "TDSCDMA reset command failed.";
-}
-
-void TestTdscdmaRadbenchForm::armingFailureShowsTheErrorAndBuildsNothing()
-{
-    QFETCH(QString, failingCall);
-    QFETCH(QString, text);
-    QFETCH(QString, informativeText);
-
-    SimScope sim("default");
-    TavoSim::FailAlways(failingCall);
-    CTdscdmaRadbenchForm form;
-    ModalBoxCatcher boxes;
-    form.show();
-    QVERIFY(boxes.WaitFor(1));
-    const ModalBoxCatcher::Box &box = boxes.Boxes().first();
-    QCOMPARE(box.title, QString("TDSCDMA Radbench"));
-    QCOMPARE(box.text, CMessageBoxMan::WrapText(text));
-    QCOMPARE(box.informativeText, informativeText);
-    QCOMPARE(box.icon, QMessageBox::Critical);
-    QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Close));
-    QCOMPARE(StatusOf(form), QString("Init failed."));
-    QVERIFY(form.isEnabled());
-    QTest::qWait(50);
-    QVERIFY(form.Pages().isEmpty());
-
-    // The next show, with the target well again, starts from the beginning.
-    TavoSim::ClearFaults();
-    form.hide();
-    form.show();
-    QTRY_VERIFY(IsReady(form, 9));
-    QCOMPARE(boxes.Count(), 1);
-    form.hide();
-}
-
-void TestTdscdmaRadbenchForm::closeReleasesTheTarget_data()
-{
-    QTest::addColumn<bool>("targetFails");
-    QTest::addColumn<bool>("nullEvent");
-    QTest::addColumn<QString>("status");
-
-    QTest::newRow("close") << false << false << "Deinit Ubin flow successfuly.";
-    QTest::newRow("close event of nobody") << false << true << "Deinit Ubin flow successfuly.";
-    QTest::newRow("close, target refuses") << true << false << "Deinit Ubin failed.";
-}
-
-void TestTdscdmaRadbenchForm::closeReleasesTheTarget()
-{
-    QFETCH(bool, targetFails);
-    QFETCH(bool, nullEvent);
-    QFETCH(QString, status);
-
-    SimScope sim("default");
-    CTdscdmaRadbenchForm form;
-    form.show();
-    QTRY_VERIFY(IsReady(form, 9));
-    form.Pages().last()->setFloating(true);
-    if (targetFails)
-        TavoSim::FailAlways("AST_UBIN_MODE_SETUP_r");
-    TavoSim::SetLatency("AST_UBIN_MODE_SETUP_r", 30);
-
-    ModalBoxCatcher boxes;
-    if (nullEvent)
-        form.closeEvent(nullptr);
-    else
-        QVERIFY(form.close());
-
-    // The close waited for the target.
-    QCOMPARE(UbinModes().last(), QString("mode=0"));
-    QCOMPARE(StatusOf(form), status);
-    QVERIFY(form.isEnabled());
-    QVERIFY(!form.Pages().last()->isFloating());
-    QCOMPARE(TavoSim::IsUbinEnabled(), targetFails);
-    if (!nullEvent)
-        QVERIFY(!form.isVisible());
-    if (targetFails) {
-        QCOMPARE(boxes.Count(), 1);
-        QCOMPARE(boxes.Boxes()[0].title, QString("TDSCDMA Radbench"));
-        QCOMPARE(boxes.Boxes()[0].text, CMessageBoxMan::WrapText("Deinit Ubin flow failed"));
-        QCOMPARE(boxes.Boxes()[0].informativeText, QString("Please check the SW stability and connection status."));
-        QCOMPARE(boxes.Boxes()[0].icon, QMessageBox::Critical);
-    } else {
-        QCOMPARE(boxes.Count(), 0);
+        // Pages stand in the order of the page list, as one stack of tabs.
+        auto *tabs = form.findChild<QTabBar *>();
+        QVERIFY(tabs);
+        QStringList titles;
+        for (int i = 0; i < tabs->count(); ++i)
+            titles << tabs->tabText(i);
+        QCOMPARE(titles, (QStringList{"AFC Control", "Temperature ADC", "RSSI", "PathLoss", "Continuous RX",
+                                      "Continuous TX", "DPCH TX", "Baseband Register", "TPC Profile"}));
+        form.hide();
     }
-    form.hide();
-}
+
+    void repeatedShowOnlyReArms()
+    {
+        SimScope sim("default");
+        CTdscdmaRadbenchForm form;
+        form.show();
+        QTRY_VERIFY(IsReady(form, 9));
+        const auto pages = form.Pages();
+
+        form.hide();
+        form.show();
+        QTRY_COMPARE(StatusOf(form), QString("Init Ubin and reset status successfully."));
+        QVERIFY(form.isEnabled());
+        QCOMPARE(form.Pages(), pages);
+        QCOMPARE(UbinModes(), (QStringList{"mode=1", "mode=1"}));
+        QCOMPARE(TavoSim::CallCount("AST_CAL_tl1_reset_r"), 2);
+        form.hide();
+    }
+
+    void armingFailureShowsTheErrorAndBuildsNothing_data()
+    {
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("informativeText");
+
+        QTest::newRow("Ubin refused: the table's advice")
+            << "AST_UBIN_MODE_SETUP_r" << "Ubin init failed."
+            << "Please recheck SW load stability or connection status.";
+        QTest::newRow("layer 1 reset refused: the result's own message")
+            << "AST_CAL_tl1_reset_r" << "Tavo command execute failed." << "TDSCDMA reset command failed.";
+    }
+    void armingFailureShowsTheErrorAndBuildsNothing()
+    {
+        QFETCH(QString, failingCall);
+        QFETCH(QString, text);
+        QFETCH(QString, informativeText);
+
+        SimScope sim("default");
+        TavoSim::FailAlways(failingCall);
+        CTdscdmaRadbenchForm form;
+        ModalBoxCatcher boxes;
+        form.show();
+        QVERIFY(boxes.WaitFor(1));
+        const ModalBoxCatcher::Box &box = boxes.Boxes().first();
+        QCOMPARE(box.title, QString("TDSCDMA Radbench"));
+        QCOMPARE(box.text, CMessageBoxMan::WrapText(text));
+        QCOMPARE(box.informativeText, informativeText);
+        QCOMPARE(box.icon, QMessageBox::Critical);
+        QCOMPARE(box.buttons, QMessageBox::StandardButtons(QMessageBox::Close));
+        QCOMPARE(StatusOf(form), QString("Init failed."));
+        QVERIFY(form.isEnabled());
+        QTest::qWait(50);
+        QVERIFY(form.Pages().isEmpty());
+
+        // The next show, with the target well again, starts from the beginning.
+        TavoSim::ClearFaults();
+        form.hide();
+        form.show();
+        QTRY_VERIFY(IsReady(form, 9));
+        QCOMPARE(boxes.Count(), 1);
+        form.hide();
+    }
+
+    void closeReleasesTheTarget_data()
+    {
+        QTest::addColumn<bool>("targetFails");
+        QTest::addColumn<bool>("nullEvent");
+        QTest::addColumn<QString>("status");
+
+        QTest::newRow("close") << false << false << "Deinit Ubin flow successfuly.";
+        QTest::newRow("close event of nobody") << false << true << "Deinit Ubin flow successfuly.";
+        QTest::newRow("close, target refuses") << true << false << "Deinit Ubin failed.";
+    }
+    void closeReleasesTheTarget()
+    {
+        QFETCH(bool, targetFails);
+        QFETCH(bool, nullEvent);
+        QFETCH(QString, status);
+
+        SimScope sim("default");
+        CTdscdmaRadbenchForm form;
+        form.show();
+        QTRY_VERIFY(IsReady(form, 9));
+        form.Pages().last()->setFloating(true);
+        if (targetFails)
+            TavoSim::FailAlways("AST_UBIN_MODE_SETUP_r");
+        TavoSim::SetLatency("AST_UBIN_MODE_SETUP_r", 30);
+
+        ModalBoxCatcher boxes;
+        if (nullEvent)
+            form.closeEvent(nullptr);
+        else
+            QVERIFY(form.close());
+
+        // The close waited for the target.
+        QCOMPARE(UbinModes().last(), QString("mode=0"));
+        QCOMPARE(StatusOf(form), status);
+        QVERIFY(form.isEnabled());
+        QVERIFY(!form.Pages().last()->isFloating());
+        QCOMPARE(TavoSim::IsUbinEnabled(), targetFails);
+        if (!nullEvent)
+            QVERIFY(!form.isVisible());
+        if (targetFails) {
+            QCOMPARE(boxes.Count(), 1);
+            QCOMPARE(boxes.Boxes()[0].title, QString("TDSCDMA Radbench"));
+            QCOMPARE(boxes.Boxes()[0].text, CMessageBoxMan::WrapText("Deinit Ubin flow failed"));
+            QCOMPARE(boxes.Boxes()[0].informativeText, QString("Please check the SW stability and connection status."));
+            QCOMPARE(boxes.Boxes()[0].icon, QMessageBox::Critical);
+        } else {
+            QCOMPARE(boxes.Count(), 0);
+        }
+        form.hide();
+    }
+};
 
 QTEST_MAIN(TestTdscdmaRadbenchForm)
 #include "tst_TdscdmaRadbenchForm.moc"

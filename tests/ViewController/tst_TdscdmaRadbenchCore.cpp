@@ -6,7 +6,6 @@
 #include "TdscdmaRadbenchCore.h"
 #include "TestLog.h"
 
-
 class TestTdscdmaRadbenchCore : public QObject {
     Q_OBJECT
 private slots:
@@ -17,174 +16,165 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void setUbin_data();
-    void setUbin();
-    void resultsArriveOnTheUserInterfaceThread();
-    void eachViewControllerHearsOnlyItsOwnRun();
-    void pageListFollowsCapability();
-    void everyPageModelArrivesAsJsonText();
-    void testsAndStopsComeBackToTheAsker();
-};
+    void setUbin_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<bool>("enable");
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<bool>("ubinAfter");
 
-void TestTdscdmaRadbenchCore::setUbin_data()
-{
-    QTest::addColumn<QString>("profile");
-    QTest::addColumn<bool>("enable");
-    QTest::addColumn<QString>("failingCall");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QStringList>("calls");
-    QTest::addColumn<bool>("ubinAfter");
-
-    const QStringList arm{"AST_UBIN_MODE_SETUP_r", "AST_CAL_tl1_reset_r"};
-    QTest::newRow("arm") << "default" << true << "" << 0 << "" << arm << true;
-    QTest::newRow("arm, Ubin refused") << "default" << true << "AST_UBIN_MODE_SETUP_r" << 201 << ""
-                                       << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
-    QTest::newRow("arm, layer 1 reset refused")
-        << "default" << true << "AST_CAL_tl1_reset_r" << 3 << "TDSCDMA reset command failed." << arm << true;
-    QTest::newRow("arm without Ubin mode")
-        << "legacy-v1" << true << "" << 0 << "" << QStringList{"AST_CAL_tl1_reset_r"} << false;
-    QTest::newRow("release") << "default" << false << "" << 0 << "" << QStringList{"AST_UBIN_MODE_SETUP_r"}
-                             << false;
-    QTest::newRow("release refused") << "default" << false << "AST_UBIN_MODE_SETUP_r" << 202 << ""
-                                     << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
-    QTest::newRow("release without Ubin mode") << "legacy-v1" << false << "" << 0 << "" << QStringList() << false;
-}
-
-void TestTdscdmaRadbenchCore::setUbin()
-{
-    QFETCH(QString, profile);
-    QFETCH(bool, enable);
-    QFETCH(QString, failingCall);
-    QFETCH(int, code);
-    QFETCH(QString, message);
-    QFETCH(QStringList, calls);
-    QFETCH(bool, ubinAfter);
-
-    SimScope sim(profile);
-    CTdscdmaCore::GetInstance()->IsNeedDb(); // capability known before the log is read
-    TavoSim::ClearCallLog();
-    if (!failingCall.isEmpty())
-        TavoSim::FailAlways(failingCall);
-
-    CTdscdmaRadbenchCore viewController;
-    QSignalSpy done(&viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
-    viewController.SetUbin(enable);
-    QVERIFY(done.wait());
-    const auto result = done.at(0).at(0).value<SEachItemOperationResult>();
-    QCOMPARE(result.errorCode, code);
-    QCOMPARE(result.errorMessage, message);
-
-    QStringList targetCalls;
-    for (const QString &name : TavoSim::CallNames()) {
-        if (name.startsWith("AST_UBIN") || name.startsWith("AST_CAL_tl1"))
-            targetCalls << name;
+        const QStringList arm{"AST_UBIN_MODE_SETUP_r", "AST_CAL_tl1_reset_r"};
+        QTest::newRow("arm") << "default" << true << "" << 0 << "" << arm << true;
+        QTest::newRow("arm, Ubin refused") << "default" << true << "AST_UBIN_MODE_SETUP_r" << 201 << ""
+                                           << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
+        QTest::newRow("arm, layer 1 reset refused")
+            << "default" << true << "AST_CAL_tl1_reset_r" << 3 << "TDSCDMA reset command failed." << arm << true;
+        QTest::newRow("arm without Ubin mode")
+            << "legacy-v1" << true << "" << 0 << "" << QStringList{"AST_CAL_tl1_reset_r"} << false;
+        QTest::newRow("release") << "default" << false << "" << 0 << "" << QStringList{"AST_UBIN_MODE_SETUP_r"}
+                                 << false;
+        QTest::newRow("release refused") << "default" << false << "AST_UBIN_MODE_SETUP_r" << 202 << ""
+                                         << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
+        QTest::newRow("release without Ubin mode") << "legacy-v1" << false << "" << 0 << "" << QStringList() << false;
     }
-    QCOMPARE(targetCalls, calls);
-    QCOMPARE(TavoSim::IsUbinEnabled(), ubinAfter);
-}
+    void setUbin()
+    {
+        QFETCH(QString, profile);
+        QFETCH(bool, enable);
+        QFETCH(QString, failingCall);
+        QFETCH(int, code);
+        QFETCH(QString, message);
+        QFETCH(QStringList, calls);
+        QFETCH(bool, ubinAfter);
 
-void TestTdscdmaRadbenchCore::resultsArriveOnTheUserInterfaceThread()
-{
-    SimScope sim;
-    TavoSim::SetLatency("AST_CAL_tl1_reset_r", 50);
-    CTdscdmaRadbenchCore viewController;
-    QThread *deliveredOn = nullptr;
-    connect(&viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
-            [&deliveredOn] { deliveredOn = QThread::currentThread(); });
-    viewController.SetUbin(true);
-    // The call returned at once: the target has not been asked to reset yet.
-    QCOMPARE(deliveredOn, nullptr);
-    QTRY_VERIFY(deliveredOn != nullptr);
-    QCOMPARE(deliveredOn, QCoreApplication::instance()->thread());
-}
+        SimScope sim(profile);
+        CTdscdmaCore::GetInstance()->IsNeedDb(); // capability known before the log is read
+        TavoSim::ClearCallLog();
+        if (!failingCall.isEmpty())
+            TavoSim::FailAlways(failingCall);
 
-void TestTdscdmaRadbenchCore::eachViewControllerHearsOnlyItsOwnRun()
-{
-    SimScope sim;
-    CTdscdmaRadbenchCore first;
-    CTdscdmaRadbenchCore second;
-    QSignalSpy firstUbin(&first, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
-    QSignalSpy secondUbin(&second, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
-    QSignalSpy firstTest(&first, &CTdscdmaRadbenchCore::Signal_ContTxTestDone);
-    QSignalSpy secondTest(&second, &CTdscdmaRadbenchCore::Signal_ContTxTestDone);
-
-    first.SetUbin(true);
-    QVERIFY(firstUbin.wait());
-    second.ContTxTest("{}");
-    QVERIFY(secondTest.wait());
-    second.SetUbin(false);
-    QVERIFY(secondUbin.wait());
-
-    QTest::qWait(50);
-    QCOMPARE(firstUbin.count(), 1);
-    QCOMPARE(secondUbin.count(), 1);
-    QCOMPARE(firstTest.count(), 0);
-    QCOMPARE(secondTest.count(), 1);
-}
-
-void TestTdscdmaRadbenchCore::pageListFollowsCapability()
-{
-    SimScope sim("modern-l1");
-    CTdscdmaRadbenchCore viewController;
-    // The list is sent from the pool; the receiver here takes it queued, as the form does.
-    QStringList pages;
-    connect(&viewController, &CTdscdmaRadbenchCore::Signal_GetInitPageListDone, this,
-            [&pages](QStringList list) { pages = list; });
-    viewController.GetInitPageList();
-    QTRY_VERIFY(!pages.isEmpty());
-    QCOMPARE(pages.size(), 8);
-    QVERIFY(!pages.contains("CTdscdmaTadcDockWidget"));
-    QCOMPARE(pages.last(), QString("CTdscdmaTpcDockWidgetV3"));
-}
-
-void TestTdscdmaRadbenchCore::everyPageModelArrivesAsJsonText()
-{
-    using Fetch = void (CTdscdmaRadbenchCore::*)();
-    using Done = void (CTdscdmaRadbenchCore::*)(std::string);
-    const QVector<QPair<Fetch, Done>> fetches{
-        {&CTdscdmaRadbenchCore::GetContTxDataModel, &CTdscdmaRadbenchCore::Signal_GetContTxDataModelDone},
-        {&CTdscdmaRadbenchCore::GetTpcDataModel, &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone},
-        {&CTdscdmaRadbenchCore::GetPathlossDataModel, &CTdscdmaRadbenchCore::Signal_GetPathlossDataModelDone},
-        {&CTdscdmaRadbenchCore::GetTadcDataModel, &CTdscdmaRadbenchCore::Signal_GetTadcDataModelDone},
-        {&CTdscdmaRadbenchCore::GetContRxDataModel, &CTdscdmaRadbenchCore::Signal_GetContRxDataModelDone},
-        {&CTdscdmaRadbenchCore::GetAfcDataModel, &CTdscdmaRadbenchCore::Signal_GetAfcDataModelDone},
-        {&CTdscdmaRadbenchCore::GetDpchTxDataModel, &CTdscdmaRadbenchCore::Signal_GetDpchTxDataModelDone},
-        {&CTdscdmaRadbenchCore::GetRssiDataModel, &CTdscdmaRadbenchCore::Signal_GetRssiDataModelDone},
-        {&CTdscdmaRadbenchCore::GetBBRegDataModel, &CTdscdmaRadbenchCore::Signal_GetBBRegDataModelDone},
-    };
-    // Models the plug-in does not carry yet are reported on the critical
-    // channel; that is not what this test looks at.
-    TestLog::SetChannel(QtCriticalMsg, false);
-    for (const auto &fetch : fetches) {
         CTdscdmaRadbenchCore viewController;
-        QVector<std::string> texts;
-        connect(&viewController, fetch.second, this, [&texts](std::string text) { texts << text; });
-        (viewController.*fetch.first)();
-        QTRY_COMPARE(texts.size(), 1);
-        QVERIFY(QJsonDocument::fromJson(QByteArray::fromStdString(texts[0])).isObject());
+        QSignalSpy done(&viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
+        viewController.SetUbin(enable);
+        QVERIFY(done.wait());
+        const auto result = done.at(0).at(0).value<SEachItemOperationResult>();
+        QCOMPARE(result.errorCode, code);
+        QCOMPARE(result.errorMessage, message);
+
+        QStringList targetCalls;
+        for (const QString &name : TavoSim::CallNames()) {
+            if (name.startsWith("AST_UBIN") || name.startsWith("AST_CAL_tl1"))
+                targetCalls << name;
+        }
+        QCOMPARE(targetCalls, calls);
+        QCOMPARE(TavoSim::IsUbinEnabled(), ubinAfter);
     }
-    TestLog::SetChannel(QtCriticalMsg, true);
-}
 
-void TestTdscdmaRadbenchCore::testsAndStopsComeBackToTheAsker()
-{
-    SimScope sim;
-    CTdscdmaRadbenchCore viewController;
-    QSignalSpy rssi(&viewController, &CTdscdmaRadbenchCore::Signal_RssiTestDone);
-    QSignalSpy stop(&viewController, &CTdscdmaRadbenchCore::Signal_TestStopDone);
+    void resultsArriveOnTheUserInterfaceThread()
+    {
+        SimScope sim;
+        TavoSim::SetLatency("AST_CAL_tl1_reset_r", 50);
+        CTdscdmaRadbenchCore viewController;
+        QThread *deliveredOn = nullptr;
+        connect(&viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
+                [&deliveredOn] { deliveredOn = QThread::currentThread(); });
+        viewController.SetUbin(true);
+        // The call returned at once: the target has not been asked to reset yet.
+        QCOMPARE(deliveredOn, nullptr);
+        QTRY_VERIFY(deliveredOn != nullptr);
+        QCOMPARE(deliveredOn, QCoreApplication::instance()->thread());
+    }
 
-    viewController.RssiTest("{}");
-    QVERIFY(rssi.wait());
-    QCOMPARE(rssi.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("Rssi"));
+    void eachViewControllerHearsOnlyItsOwnRun()
+    {
+        SimScope sim;
+        CTdscdmaRadbenchCore first;
+        CTdscdmaRadbenchCore second;
+        QSignalSpy firstUbin(&first, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
+        QSignalSpy secondUbin(&second, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
+        QSignalSpy firstTest(&first, &CTdscdmaRadbenchCore::Signal_ContTxTestDone);
+        QSignalSpy secondTest(&second, &CTdscdmaRadbenchCore::Signal_ContTxTestDone);
 
-    viewController.ContRxTestStop("{}");
-    QVERIFY(stop.wait());
-    QCOMPARE(stop.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("Continuous RX"));
-    viewController.TestStop();
-    QVERIFY(stop.wait());
-    QCOMPARE(stop.at(1).at(0).value<SEachItemOperationResult>().itemName, QString());
-}
+        first.SetUbin(true);
+        QVERIFY(firstUbin.wait());
+        second.ContTxTest("{}");
+        QVERIFY(secondTest.wait());
+        second.SetUbin(false);
+        QVERIFY(secondUbin.wait());
+
+        QTest::qWait(50);
+        QCOMPARE(firstUbin.count(), 1);
+        QCOMPARE(secondUbin.count(), 1);
+        QCOMPARE(firstTest.count(), 0);
+        QCOMPARE(secondTest.count(), 1);
+    }
+
+    void pageListFollowsCapability()
+    {
+        SimScope sim("modern-l1");
+        CTdscdmaRadbenchCore viewController;
+        // The list is sent from the pool; the receiver here takes it queued, as the form does.
+        QStringList pages;
+        connect(&viewController, &CTdscdmaRadbenchCore::Signal_GetInitPageListDone, this,
+                [&pages](QStringList list) { pages = list; });
+        viewController.GetInitPageList();
+        QTRY_VERIFY(!pages.isEmpty());
+        QCOMPARE(pages.size(), 8);
+        QVERIFY(!pages.contains("CTdscdmaTadcDockWidget"));
+        QCOMPARE(pages.last(), QString("CTdscdmaTpcDockWidgetV3"));
+    }
+
+    void everyPageModelArrivesAsJsonText()
+    {
+        using Fetch = void (CTdscdmaRadbenchCore::*)();
+        using Done = void (CTdscdmaRadbenchCore::*)(std::string);
+        const QVector<QPair<Fetch, Done>> fetches{
+            {&CTdscdmaRadbenchCore::GetContTxDataModel, &CTdscdmaRadbenchCore::Signal_GetContTxDataModelDone},
+            {&CTdscdmaRadbenchCore::GetTpcDataModel, &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone},
+            {&CTdscdmaRadbenchCore::GetPathlossDataModel, &CTdscdmaRadbenchCore::Signal_GetPathlossDataModelDone},
+            {&CTdscdmaRadbenchCore::GetTadcDataModel, &CTdscdmaRadbenchCore::Signal_GetTadcDataModelDone},
+            {&CTdscdmaRadbenchCore::GetContRxDataModel, &CTdscdmaRadbenchCore::Signal_GetContRxDataModelDone},
+            {&CTdscdmaRadbenchCore::GetAfcDataModel, &CTdscdmaRadbenchCore::Signal_GetAfcDataModelDone},
+            {&CTdscdmaRadbenchCore::GetDpchTxDataModel, &CTdscdmaRadbenchCore::Signal_GetDpchTxDataModelDone},
+            {&CTdscdmaRadbenchCore::GetRssiDataModel, &CTdscdmaRadbenchCore::Signal_GetRssiDataModelDone},
+            {&CTdscdmaRadbenchCore::GetBBRegDataModel, &CTdscdmaRadbenchCore::Signal_GetBBRegDataModelDone},
+        };
+        // Models the plug-in does not carry yet are reported on the critical
+        // channel; that is not what this test looks at.
+        TestLog::SetChannel(QtCriticalMsg, false);
+        for (const auto &fetch : fetches) {
+            CTdscdmaRadbenchCore viewController;
+            QVector<std::string> texts;
+            connect(&viewController, fetch.second, this, [&texts](std::string text) { texts << text; });
+            (viewController.*fetch.first)();
+            QTRY_COMPARE(texts.size(), 1);
+            QVERIFY(QJsonDocument::fromJson(QByteArray::fromStdString(texts[0])).isObject());
+        }
+        TestLog::SetChannel(QtCriticalMsg, true);
+    }
+
+    void testsAndStopsComeBackToTheAsker()
+    {
+        SimScope sim;
+        CTdscdmaRadbenchCore viewController;
+        QSignalSpy rssi(&viewController, &CTdscdmaRadbenchCore::Signal_RssiTestDone);
+        QSignalSpy stop(&viewController, &CTdscdmaRadbenchCore::Signal_TestStopDone);
+
+        viewController.RssiTest("{}");
+        QVERIFY(rssi.wait());
+        QCOMPARE(rssi.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("Rssi"));
+
+        viewController.ContRxTestStop("{}");
+        QVERIFY(stop.wait());
+        QCOMPARE(stop.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("Continuous RX"));
+        viewController.TestStop();
+        QVERIFY(stop.wait());
+        QCOMPARE(stop.at(1).at(0).value<SEachItemOperationResult>().itemName, QString());
+    }
+};
 
 QTEST_GUILESS_MAIN(TestTdscdmaRadbenchCore)
 #include "tst_TdscdmaRadbenchCore.moc"
