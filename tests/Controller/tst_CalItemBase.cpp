@@ -141,7 +141,6 @@ private slots:
         QTest::addColumn<QString>("fault"); // the call that fails once; "database": none loaded
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("text");
-
         QTest::newRow("success") << "" << 0 << "";
         QTest::newRow("no database") << "database" << 100
                                      << "TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded";
@@ -158,7 +157,6 @@ private slots:
         QFETCH(QString, fault);
         QFETCH(int, code);
         QFETCH(QString, text);
-
         if (fault == "database") {
             TavoSim::UnloadDatabase();
         } else if (!fault.isEmpty()) {
@@ -192,7 +190,6 @@ private slots:
         QTest::addColumn<int>("skip");
         QTest::addColumn<int>("code");
         QTest::addColumn<int>("written"); // records that reach the target
-
         QTest::newRow("success") << "" << 0 << 0 << 2;
         QTest::newRow("compose fails") << "TAVO_NVRAM_ComposeTadc" << 0 << 102 << 0;
         QTest::newRow("write fails on the second record") << "TAVO_NVRAM_Write_r" << 1 << 3 << 1;
@@ -204,7 +201,6 @@ private slots:
         QFETCH(int, skip);
         QFETCH(int, code);
         QFETCH(int, written);
-
         const auto before = OnTarget();
         CTestItem item;
         QCOMPARE(int(item.UploadFromFlash()), 0);
@@ -249,7 +245,6 @@ private slots:
         QTest::addColumn<QJsonObject>("patch");
         QTest::addColumn<QString>("radio");
         QTest::addColumn<QString>("name");
-
         QTest::newRow("TD-SCDMA 16") << QJsonObject() << "tdscdma" << "TL1D_RF_ID_RFA10";
         QTest::newRow("TD-SCDMA 0") << Json(R"({"chipId": {"rf": 0}})") << "tdscdma" << "UNKNOWN";
         QTest::newRow("TD-SCDMA 10, no name") << Json(R"({"chipId": {"rf": 10}})") << "tdscdma" << "";
@@ -263,8 +258,6 @@ private slots:
     {
         QFETCH(QJsonObject, patch);
         QFETCH(QString, radio);
-        QFETCH(QString, name);
-
         QVERIFY(TavoSim::PatchProfile(patch));
         QTemporaryDir dir;
         const QString path = dir.filePath("chip.ini");
@@ -283,7 +276,7 @@ private slots:
         }
         TIniFile saved(path);
         QVERIFY(saved.IsKeyExist("Band A", "RF Chip ID"));
-        QCOMPARE(QString::fromStdString(saved.ReadString("Band A", "RF Chip ID", "-")), name);
+        QTEST(QString::fromStdString(saved.ReadString("Band A", "RF Chip ID", "-")), "name");
     }
 };
 

@@ -42,7 +42,6 @@ private slots:
         QTest::addColumn<int>("status");
         QTest::addColumn<QString>("reason");
         QTest::addColumn<QString>("advice");
-
         const QJsonObject none;
         QTest::newRow("fully capable") << "default" << none << "" << 1 << "Support" << "";
         QTest::newRow("C2K modem") << "c2k-modem" << none << "" << 2 << "It is C2K modem now." << "";
@@ -86,7 +85,6 @@ private slots:
         QFETCH(int, status);
         QFETCH(QString, reason);
         QFETCH(QString, advice);
-
         QVERIFY(LoadPatched(profile, patch));
         if (!failingCall.isEmpty())
             TavoSim::FailAlways(failingCall, TAVO_ERR_TIMEOUT);
@@ -111,7 +109,6 @@ private slots:
         QTest::addColumn<QString>("profile");
         QTest::addColumn<bool>("needDb");
         QTest::addColumn<QStringList>("pages");
-
         const QStringList common{"CTdscdmaRssiDockWidget",  "CTdscdmaPathlossDockWidget", "CTdscdmaContRxDockWidget",
                                  "CTdscdmaContTxDockWidget", "CTdscdmaDpchTxDockWidget",  "CTdscdmaBBRegDockWidget"};
         QTest::newRow("default: TADC over NVRAM, structure version 2")
@@ -132,21 +129,17 @@ private slots:
     void pageListAndDatabaseNeed()
     {
         QFETCH(QString, profile);
-        QFETCH(bool, needDb);
-        QFETCH(QStringList, pages);
-
         SimScope sim(profile);
         QVERIFY(sim.IsLoaded());
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-        QCOMPARE(core->IsNeedDb(), needDb);
-        QCOMPARE(core->GetInitPageList(), pages);
+        QTEST(core->IsNeedDb(), "needDb");
+        QTEST(core->GetInitPageList(), "pages");
     }
 
     void supportItemsFollowStatusAndCapability_data()
     {
         QTest::addColumn<QString>("profile");
         QTest::addColumn<QStringList>("items");
-
         QTest::newRow("C2K modem offers nothing") << "c2k-modem" << QStringList();
         QTest::newRow("default") << "default"
                                  << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
@@ -155,9 +148,8 @@ private slots:
     void supportItemsFollowStatusAndCapability()
     {
         QFETCH(QString, profile);
-        QFETCH(QStringList, items);
         SimScope sim(profile);
-        QCOMPARE(CTdscdmaCore::GetInstance()->GetSupportItem(), items);
+        QTEST(CTdscdmaCore::GetInstance()->GetSupportItem(), "items");
     }
 
     void testOfPageWithoutOperationEndsNotExecuted_data()

@@ -86,7 +86,6 @@ private slots:
         QTest::addColumn<QString>("member");
         QTest::addColumn<QString>("widgetClass");
         QTest::addColumn<QString>("packed");
-
         const QString on = R"("defaultSupport":1,"defaultEnableStatus":1,)";
         QTest::newRow("hexadecimal spin box packs decimal")
             << on + R"("trait":{"dataType":"range","defaultValue":"255","value":{"min":0,"max":4095,"displayBase":16}})"
@@ -106,8 +105,6 @@ private slots:
     {
         QFETCH(QString, member);
         QFETCH(QString, widgetClass);
-        QFETCH(QString, packed);
-
         TestPage page;
         const bool table = widgetClass == "QTableWidget";
         page.AddOf(widgetClass, "cmdIf_request_group1_memberProperty_m");
@@ -124,7 +121,7 @@ private slots:
         // packing refreshes the values.
         page.PackageMemberValue();
         const QJsonObject model = Parse(page.PackageMemberValue());
-        QCOMPARE(Text(GetJsonValueConst(model, "cmdIf.request.group1.memberValue.m")), packed);
+        QTEST(Text(GetJsonValueConst(model, "cmdIf.request.group1.memberValue.m")), "packed");
         if (!table)
             QCOMPARE(Text(GetJsonValueConst(model, "cmdIf.request.group1.memberValue.other")), QString(R"("x")"));
     }
@@ -145,7 +142,6 @@ private slots:
     {
         QFETCH(QString, profile);
         QFETCH(QString, page);
-
         const std::string text = FittedModel(profile, page);
         const bool calData = page == "Tpc" || page == "Rx Pathloss";
         TestPage testPage(calData);
@@ -214,7 +210,6 @@ private slots:
     {
         QTest::addColumn<QString>("response");
         QTest::addColumn<QStringList>("shown");
-
         QTest::newRow("values of the answer")
             << R"("m":"7","list":"b","flag":"true","cells":["1","2"])"
             << QStringList{"QSpinBox 0..9 value=7 base=10 tip=0~9", "QComboBox items=a|b current=b tip=",
@@ -229,8 +224,6 @@ private slots:
     void updateOfWhatCameBack()
     {
         QFETCH(QString, response);
-        QFETCH(QStringList, shown);
-
         const QJsonObject values = Json("{" + response + "}");
         auto model = [&values](bool answer) {
             auto member = [&](const char *name, const QString &trait) {
@@ -273,7 +266,7 @@ private slots:
             seen << Describe(widget);
         for (int c = 0; c < table->columnCount(); ++c)
             seen << Describe(table->cellWidget(0, c));
-        QCOMPARE(seen, shown);
+        QTEST(seen, "shown");
         QCOMPARE(request->value(), 5);
     }
 
@@ -283,7 +276,6 @@ private slots:
         QTest::addColumn<bool>("taken");
         QTest::addColumn<QString>("boxText");
         QTest::addColumn<QString>("boxInformative");
-
         QTest::newRow("no integrity block") << R"({"modelName":"new"})" << true << "" << "";
         QTest::newRow("integrity true")
             << R"({"modelName":"new","modelIntegrity":{"integrity":true,"messageList":[""]}})" << true << "" << "";
@@ -301,8 +293,6 @@ private slots:
         QFETCH(QString, answer);
         QFETCH(bool, taken);
         QFETCH(QString, boxText);
-        QFETCH(QString, boxInformative);
-
         TestPage page;
         QVERIFY(page.Load(Json(R"({"modelName":"old"})")));
         ModalBoxCatcher boxes;
@@ -313,7 +303,7 @@ private slots:
         if (!boxText.isEmpty()) {
             QCOMPARE(boxes.Boxes()[0].title, QString("Error"));
             QCOMPARE(boxes.Boxes()[0].text, CMessageBoxMan::WrapText(boxText));
-            QCOMPARE(boxes.Boxes()[0].informativeText, boxInformative);
+            QTEST(boxes.Boxes()[0].informativeText, "boxInformative");
             QCOMPARE(boxes.Boxes()[0].icon, QMessageBox::Critical);
         }
     }
@@ -325,7 +315,6 @@ private slots:
         QTest::addColumn<QString>("uarfcn");
         QTest::addColumn<QString>("band");
         QTest::addColumn<QString>("shown");
-
         // A test page jumps to the middle of the new range (tests/PluginInterface/
         // tst_TestPages); a calibration page keeps a stored value inside it.
         QTest::newRow("test page, no entry for the band: range stays")
@@ -341,8 +330,6 @@ private slots:
         QFETCH(int, calData);
         QFETCH(QString, uarfcn);
         QFETCH(QString, band);
-        QFETCH(QString, shown);
-
         const std::string text = FittedModel("default", page);
         TestPage testPage(calData);
         testPage.AddWidgetsFor(Parse(text));
@@ -358,7 +345,7 @@ private slots:
         QWidget *field = testPage.Widget(uarfcn);
         if (auto *table = qobject_cast<QTableWidget *>(field))
             field = table->cellWidget(0, 0);
-        QCOMPARE(Describe(field), shown);
+        QTEST(Describe(field), "shown");
         QCOMPARE(log.Count("Cannot get the mapping of key and value"), band == "unknown" ? 1 : 0);
     }
 
@@ -427,7 +414,6 @@ private slots:
         QTest::addColumn<QString>("check");
         QTest::addColumn<double>("typed");
         QTest::addColumn<double>("kept");
-
         QTest::newRow("inside the interval") << false << "9500~9600,0" << 9550.0 << 9550.0;
         QTest::newRow("single value") << false << "9500~9600,0" << 0.0 << 0.0;
         QTest::newRow("outside: middle of the first interval") << false << "9500~9600,0" << 50.0 << 9550.0;
@@ -442,8 +428,6 @@ private slots:
         QFETCH(bool, point);
         QFETCH(QString, check);
         QFETCH(double, typed);
-        QFETCH(double, kept);
-
         TestPage page;
         QAbstractSpinBox *field = nullptr;
         const QString member = point ? R"("dataType":"pointRange","value":{"min":-100,"max":10000,"decimals":2,"rangeCheck":"%1"})"
@@ -468,7 +452,7 @@ private slots:
             field->setToolTip(""); // a check that names nothing
         emit field->editingFinished();
         const double value = point ? static_cast<QDoubleSpinBox *>(field)->value() : static_cast<QSpinBox *>(field)->value();
-        QCOMPARE(value, kept);
+        QTEST(value, "kept");
     }
 
     void unsignedField_data()
@@ -478,7 +462,6 @@ private slots:
         QTest::addColumn<int>("wheel");
         QTest::addColumn<QString>("shown");
         QTest::addColumn<QString>("lastGood");
-
         QTest::newRow("hexadecimal in upper case") << 16 << "ff" << 0 << "FF" << "ff";
         QTest::newRow("not a number: back to the last") << 16 << "zz" << 0 << "" << "";
         QTest::newRow("above the maximum") << 10 << "4294967296" << 0 << "" << "";
@@ -492,9 +475,6 @@ private slots:
         QFETCH(int, base);
         QFETCH(QString, typed);
         QFETCH(int, wheel);
-        QFETCH(QString, shown);
-        QFETCH(QString, lastGood);
-
         CUnsignedSpinBox field(nullptr, base);
         field.setText(typed);
         if (wheel != 0) {
@@ -502,8 +482,8 @@ private slots:
                               Qt::NoScrollPhase, false);
             QApplication::sendEvent(&field, &event);
         }
-        QCOMPARE(field.text(), shown);
-        QCOMPARE(field.m_lastText, lastGood);
+        QTEST(field.text(), "shown");
+        QTEST(field.m_lastText, "lastGood");
     }
 };
 

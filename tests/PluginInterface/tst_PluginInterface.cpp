@@ -63,7 +63,6 @@ private slots:
         QTest::addColumn<bool>("isSupport");
         QTest::addColumn<QString>("unsupportReason");
         QTest::addColumn<bool>("isNeedDb");
-
         // Every status and reason of each profile: tests/Controller/tst_TdscdmaCore.
         QTest::newRow("fully capable") << "default" << true << "" << true;
         QTest::newRow("everything over layer 1") << "modern-l1" << true << "" << false;
@@ -78,7 +77,6 @@ private slots:
         QFETCH(bool, isSupport);
         QFETCH(QString, unsupportReason);
         QFETCH(bool, isNeedDb);
-
         SimScope sim(profile);
         QVERIFY(sim.IsLoaded());
         TestLog::SetChannel(QtDebugMsg, true);

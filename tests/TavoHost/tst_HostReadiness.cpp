@@ -34,7 +34,6 @@ private slots:
         QTest::addColumn<QVector<SStep>>("script");
         QTest::addColumn<int>("readyAfterMs"); // at the earliest; -1: never ready
         QTest::addColumn<QString>("missing"); // what the time-out names
-
         const int settle = CToolReadiness::kDefaultSettleMs;
         QTest::newRow("disabled while preparing")
             << kTitle << QVector<SStep>{{0, "show"}, {0, "disable"}, {0, "activate"}, {300, "enable"}} << 300 + settle
@@ -64,7 +63,6 @@ private slots:
         QFETCH(QVector<SStep>, script);
         QFETCH(int, readyAfterMs);
         QFETCH(QString, missing);
-
         const int timeoutMs = readyAfterMs < 0 ? 1200 : 5000;
         QWidget window;
         window.setWindowTitle(title);

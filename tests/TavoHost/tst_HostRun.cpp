@@ -26,7 +26,6 @@ private slots:
         QTest::addColumn<QString>("screenshot"); // the PNG expected, relative to {dir}; empty: none
         QTest::addColumn<QString>("stdoutText");
         QTest::addColumn<QString>("stderrText");
-
         const QString good = QStringLiteral(FAKE_TOOL_PATH);
         const QStringList shot{"--plugin", good, "--screenshot", "{dir}/shot.png"};
 
@@ -60,7 +59,6 @@ private slots:
         QFETCH(QString, screenshot);
         QFETCH(QString, stdoutText);
         QFETCH(QString, stderrText);
-
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
         const QString dirPath = QFileInfo(dir.path()).canonicalFilePath();

@@ -15,7 +15,6 @@ private slots:
         QTest::addColumn<QString>("steps"); // command, comma separated
         QTest::addColumn<QString>("results");
         QTest::addColumn<QString>("activity");
-
         QTest::newRow("tx on, tx off") << "tx9550,txoff9550" << "0,0" << "idle";
         QTest::newRow("second tx on refused") << "tx9550,tx9600" << "0,6" << "tx 9550";
         QTest::newRow("rx while transmitting refused") << "tx9550,rx9550" << "0,6" << "tx 9550";
@@ -29,9 +28,6 @@ private slots:
     void oneTestAtATime()
     {
         QFETCH(QString, steps);
-        QFETCH(QString, results);
-        QFETCH(QString, activity);
-
         QStringList answers;
         for (const QString &step : steps.split(',')) {
             const uint16_t channel = uint16_t(step.mid(step.indexOf(QRegularExpression("[0-9]"))).toUInt());
@@ -55,8 +51,8 @@ private slots:
                 result = AST_CAL_stop_r(0, 10000);
             answers << QString::number(result);
         }
-        QCOMPARE(answers.join(','), results);
-        QCOMPARE(TavoSim::RadioActivity(), activity);
+        QTEST(answers.join(','), "results");
+        QTEST(TavoSim::RadioActivity(), "activity");
     }
 
     // Measures and registers are read through the plug-in in

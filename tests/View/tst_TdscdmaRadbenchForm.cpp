@@ -96,7 +96,6 @@ private slots:
         QTest::addColumn<QString>("failingCall");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("informativeText");
-
         QTest::newRow("Ubin refused: the table's advice")
             << "AST_UBIN_MODE_SETUP_r" << "Ubin init failed."
             << "Please recheck SW load stability or connection status.";
@@ -108,7 +107,6 @@ private slots:
         QFETCH(QString, failingCall);
         QFETCH(QString, text);
         QFETCH(QString, informativeText);
-
         SimScope sim("default");
         TavoSim::FailAlways(failingCall);
         CTdscdmaRadbenchForm form;
@@ -140,7 +138,6 @@ private slots:
         QTest::addColumn<bool>("targetFails");
         QTest::addColumn<bool>("nullEvent");
         QTest::addColumn<QString>("status");
-
         QTest::newRow("close") << false << false << "Deinit Ubin flow successfuly.";
         QTest::newRow("close event of nobody") << false << true << "Deinit Ubin flow successfuly.";
         QTest::newRow("close, target refuses") << true << false << "Deinit Ubin failed.";
@@ -150,7 +147,6 @@ private slots:
         QFETCH(bool, targetFails);
         QFETCH(bool, nullEvent);
         QFETCH(QString, status);
-
         SimScope sim("default");
         CTdscdmaRadbenchForm form;
         form.show();
