@@ -1,20 +1,58 @@
-/* What the simulated target does where the plug-in's tests do not look: the
- * bytes between the fields, calls with bad arguments, and profiles it refuses.
- * The fields themselves are read through the plug-in, for every built-in
- * profile, by tests/Controller/tst_Capability. */
+/* The simulated target where the plug-in's tests do not look: the bytes
+ * between the fields, calls with bad arguments, refused profiles, faults,
+ * latencies, the call log, result texts, concurrent use and the radio's one
+ * test at a time. The fields themselves are read through the plug-in, for
+ * every built-in profile, by tests/Controller/tst_Capability. */
 
+#include <QElapsedTimer>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
 #include <functional>
+#include <thread>
+#include <vector>
 
-#include "TargetAnswers.h"
+#include "TavoApp.h"
 #include "TavoSimControl.h"
 
-using namespace TargetAnswers;
 using Call = std::function<TAVO_RESULT(char *buffer)>;
 Q_DECLARE_METATYPE(Call)
+
+namespace {
+
+/* What an output buffer holds before a call; a call that fails must leave it so. */
+constexpr char kUntouched = '\x5a';
+const uint32_t kMmrf[2] = {4, 132}, kErf[2] = {56, 180}, kEx3[2] = {2, 112};
+const QString kReset = QStringLiteral("AST_CAL_tl1_reset_r");
+const QString kUbin = QStringLiteral("AST_UBIN_MODE_SETUP_r");
+const Call kMultiRat = [](char *b) { return TAVO_MMRf_GetRfCapability_r(0, 10000, kMmrf, 8, b, 144); };
+const Call kChipId = [](char *b) {
+    auto *ids = reinterpret_cast<uint16_t *>(b);
+    return AST_CAL_get_chipid_r(0, 10000, ids, ids + 1);
+};
+
+/* The result of a call and what it left in a buffer of `size` bytes. */
+QPair<TAVO_RESULT, QByteArray> Answer(const Call &call, int size)
+{
+    QByteArray bytes(size, kUntouched);
+    const TAVO_RESULT result = call(bytes.data());
+    return {result, bytes};
+}
+
+quint32 U32At(const QByteArray &b, int offset)
+{
+    const auto *p = reinterpret_cast<const uchar *>(b.constData()) + offset;
+    return quint32(p[0]) | quint32(p[1]) << 8 | quint32(p[2]) << 16 | quint32(p[3]) << 24;
+}
+
+TAVO_RESULT SetUbin(uint16_t mode, int handle = 0, uint32_t timeoutMs = 10000)
+{
+    return AST_UBIN_MODE_SETUP_r(handle, timeoutMs, &mode);
+}
+
+} // namespace
 
 class tst_SimTarget : public QObject
 {
@@ -26,18 +64,24 @@ private slots:
     /* With every field of a record set, the bytes that carry none are zero. */
     void unusedBytesAreZero_data()
     {
-        QTest::addColumn<QString>("record");
+        QTest::addColumn<Call>("call");
+        QTest::addColumn<int>("size");
         QTest::addColumn<QList<int>>("fields"); /* offset, width, ... */
-        QTest::newRow("multi-RAT") << "multiRat"
+        QTest::newRow("multi-RAT") << kMultiRat << 144
                                    << QList<int>{24, 4, 44, 4, 52, 4, 68, 4, 100, 4, 108, 4, 112, 4, 124, 4}; /* V2: @20 stays 0 */
-        QTest::newRow("RF capability") << "rfCapability" << QList<int>{24, 4, 36, 4, 40, 4};
-        QTest::newRow("LTE") << "lte" << QList<int>{8, 4, 112, 4};
-        QTest::newRow("GSM Ex3") << "gsmEx3" << QList<int>{72, 2};
-        QTest::newRow("GSM Ex2") << "gsmEx2" << QList<int>{0, 4};
+        QTest::newRow("RF capability") << Call([](char *b) { return AST_GetRfCapability_r(0, 10000, b, 48); }) << 48
+                                       << QList<int>{24, 4, 36, 4, 40, 4};
+        QTest::newRow("LTE") << Call([](char *b) { return TAVO_ERf_GetRfCapability_r(0, 10000, kErf, 8, b, 248); })
+                             << 248 << QList<int>{8, 4, 112, 4};
+        QTest::newRow("GSM Ex3") << Call([](char *b) { return TAVO_Rf_QueryMSCapabilityEx3_r(0, 10000, kEx3, 8, b, 124); })
+                                 << 124 << QList<int>{72, 2};
+        QTest::newRow("GSM Ex2") << Call([](char *b) { return TAVO_Rf_QueryMSCapabilityEx2_r(0, 10000, b, 8); }) << 8
+                                 << QList<int>{0, 4};
     }
     void unusedBytesAreZero()
     {
-        QFETCH(QString, record);
+        QFETCH(Call, call);
+        QFETCH(int, size);
         QFETCH(QList<int>, fields);
         const QByteArray all = R"({
             "tdscdma": {"rfCapability": {"txClpcMode": 1073741823, "ubin": true, "nvramVersion": 1073741823}},
@@ -48,7 +92,7 @@ private slots:
                     "ex2": {"tadcMeasureSum": true, "tadcSingleRead": true}},
             "lte": {"rfId": 4294967295, "gpsCoClockByErf": true}})";
         QVERIFY(TavoSim::PatchProfile(QJsonDocument::fromJson(all).object()));
-        QByteArray bytes = fetch(record).bytes;
+        QByteArray bytes = Answer(call, size).second;
         for (int i = 0; i + 1 < fields.size(); i += 2) {
             QVERIFY(bytes.mid(fields[i], fields[i + 1]) != QByteArray(fields[i + 1], '\0'));
             bytes.replace(fields[i], fields[i + 1], QByteArray(fields[i + 1], '\0'));
@@ -63,7 +107,7 @@ private slots:
         QTest::addColumn<Call>("call");
         QTest::addColumn<int>("result");
         const int invalid = TAVO_ERR_INVALID_ARGUMENT, unsupported = TAVO_ERR_NOT_SUPPORTED;
-        static const uint32_t mmrf[2] = {4, 132}, other[2] = {4, 133};
+        static const uint32_t other[2] = {4, 133};
         QTest::newRow("query without a name") << Call([](char *) { return TAVO_QueryAPISupported_r(0, 10000, nullptr); })
                                               << invalid;
         QTest::newRow("chip id without RF out")
@@ -76,9 +120,9 @@ private slots:
         QTest::newRow("MMRf request of other words")
             << Call([](char *b) { return TAVO_MMRf_GetRfCapability_r(0, 10000, other, 8, b, 144); }) << invalid;
         QTest::newRow("MMRf record short")
-            << Call([](char *b) { return TAVO_MMRf_GetRfCapability_r(0, 10000, mmrf, 8, b, 143); }) << invalid;
+            << Call([](char *b) { return TAVO_MMRf_GetRfCapability_r(0, 10000, kMmrf, 8, b, 143); }) << invalid;
         QTest::newRow("ERf with the MMRf request")
-            << Call([](char *b) { return TAVO_ERf_GetRfCapability_r(0, 10000, mmrf, 8, b, 248); }) << invalid;
+            << Call([](char *b) { return TAVO_ERf_GetRfCapability_r(0, 10000, kMmrf, 8, b, 248); }) << invalid;
         QTest::newRow("handle 1") << Call([](char *b) { return TAVO_Rf_QueryMSCapabilityEx2_r(1, 10000, b, 8); })
                                   << int(TAVO_ERR_NOT_CONNECTED);
         QTest::newRow("AST name asked as TAVO")
@@ -122,8 +166,7 @@ private slots:
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, error);
-        uint16_t mode = 1;
-        QCOMPARE(AST_UBIN_MODE_SETUP_r(0, 10000, &mode), TAVO_OK);
+        QCOMPARE(SetUbin(1), TAVO_OK);
 
         QFile file(m_dir.filePath("bad.json"));
         file.remove();
@@ -139,7 +182,7 @@ private slots:
         QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("default"));
         QVERIFY(TavoSim::IsUbinEnabled());
         QCOMPARE(TavoSim::CallCount("AST_UBIN_MODE_SETUP_r"), 1);
-        QCOMPARE(u32At(fetch("chipId").bytes, 0), 16u << 16 | 26752);
+        QCOMPARE(U32At(Answer(kChipId, 4).second, 0), 16u << 16 | 26752);
     }
 
     /* A profile file is named after the file; what it leaves out is absent. */
@@ -152,8 +195,317 @@ private slots:
         QString error;
         QVERIFY2(TavoSim::LoadProfile(file.fileName(), &error), qPrintable(error));
         QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("tiny-target"));
-        QCOMPARE(u32At(fetch("capability").bytes, 4), 1u << 5);
-        QCOMPARE(fetch("chipId").result, TAVO_ERR_NOT_SUPPORTED);
+        const Call capability = [](char *b) {
+            auto *words = reinterpret_cast<uint32_t *>(b);
+            return AST_CAL_get_capability_r(0, 10000, words, words + 1);
+        };
+        QCOMPARE(U32At(Answer(capability, 8).second, 4), 1u << 5);
+        QCOMPARE(Answer(kChipId, 4).first, TAVO_ERR_NOT_SUPPORTED);
+    }
+
+    void faultSchedule_data()
+    {
+        QTest::addColumn<QList<int>>("faults"); /* {result, count, skip} per fault, in arming order */
+        QTest::addColumn<QList<int>>("results"); /* of five calls */
+        QTest::newRow("once") << QList<int>{1, 1, 0} << QList<int>{1, 0, 0, 0, 0};
+        QTest::newRow("always") << QList<int>{2, -1, 0} << QList<int>{2, 2, 2, 2, 2};
+        QTest::newRow("twice after one") << QList<int>{6, 2, 1} << QList<int>{0, 6, 6, 0, 0};
+        QTest::newRow("count 0 arms nothing") << QList<int>{1, 0, 0} << QList<int>{0, 0, 0, 0, 0};
+        QTest::newRow("two in arming order") << QList<int>{1, 1, 0, 6, 1, 0} << QList<int>{1, 6, 0, 0, 0};
+        QTest::newRow("skip counts while another fires") << QList<int>{1, 2, 0, 6, 1, 1} << QList<int>{1, 1, 6, 0, 0};
+        QTest::newRow("later fault waits for the first") << QList<int>{1, -1, 0, 6, 1, 0} << QList<int>{1, 1, 1, 1, 1};
+    }
+    void faultSchedule()
+    {
+        QFETCH(QList<int>, faults);
+        QFETCH(QList<int>, results);
+        for (int i = 0; i + 2 < faults.size(); i += 3)
+            TavoSim::InjectFault(kReset, faults[i], faults[i + 1], faults[i + 2]);
+        TavoSim::FailAlways(QStringLiteral("TAVO_NVRAM_SomeLaterCall_r")); /* other names do not interfere */
+        QList<int> seen;
+        for (int i = 0; i < results.size(); ++i)
+            seen << AST_CAL_tl1_reset_r(0, 10000);
+        QCOMPARE(seen, results);
+    }
+
+    /* A call that fails, however, leaves the target as it was; a fault is not
+     * used up by a call that never reached the target. */
+    void failureHasNoSideEffect_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<int>("result");
+        QTest::newRow("fault") << "fault" << int(TAVO_ERR_BUSY);
+        QTest::newRow("latency beyond time-out") << "timeout" << int(TAVO_ERR_TIMEOUT);
+        QTest::newRow("handle 1") << "handle" << int(TAVO_ERR_NOT_CONNECTED);
+        QTest::newRow("mode 2") << "mode" << int(TAVO_ERR_INVALID_ARGUMENT);
+        QTest::newRow("withheld") << "withheld" << int(TAVO_ERR_NOT_SUPPORTED);
+    }
+    void failureHasNoSideEffect()
+    {
+        QFETCH(QString, how);
+        TAVO_RESULT result = -1;
+        if (how == "fault") {
+            TavoSim::FailOnce(kUbin, TAVO_ERR_BUSY);
+            result = SetUbin(1);
+        } else if (how == "timeout") {
+            TavoSim::SetLatency(kUbin, 200);
+            QElapsedTimer timer;
+            timer.start();
+            result = SetUbin(1, 0, 50);
+            QVERIFY(timer.elapsed() >= 50);
+            TavoSim::SetLatency(kUbin, 0);
+        } else if (how == "handle") {
+            TavoSim::FailOnce(kUbin);
+            result = SetUbin(1, 1);
+            QCOMPARE(SetUbin(1), TAVO_ERR_FAILED); /* the fault is still armed */
+        } else if (how == "mode") {
+            result = SetUbin(2);
+        } else if (how == "withheld") {
+            QVERIFY(TavoSim::PatchProfile({{"commands", QJsonObject{{"withheld", QJsonArray{kUbin}}}}}));
+            result = SetUbin(1);
+        }
+        QTEST(int(result), "result");
+        QVERIFY(!TavoSim::IsUbinEnabled());
+        if (how == "withheld")
+            return;
+        QCOMPARE(SetUbin(1), TAVO_OK);
+        QVERIFY(TavoSim::IsUbinEnabled());
+        QCOMPARE(SetUbin(0), TAVO_OK);
+        QVERIFY(!TavoSim::IsUbinEnabled());
+    }
+
+    /* Faults of the profile are armed by every load and reset; ClearFaults
+     * disarms them too. */
+    void profileFaults()
+    {
+        QVERIFY(TavoSim::LoadProfile("query-failure"));
+        QCOMPARE(Answer(kMultiRat, 144), qMakePair(TAVO_RESULT(TAVO_ERR_FAILED), QByteArray(144, kUntouched)));
+        QCOMPARE(Answer(kMultiRat, 144).first, TAVO_ERR_FAILED);
+        TavoSim::ClearFaults();
+        QCOMPARE(Answer(kMultiRat, 144).first, TAVO_OK);
+        TavoSim::Reset();
+        QCOMPARE(Answer(kMultiRat, 144).first, TAVO_ERR_FAILED);
+    }
+
+    void resetRestoresPowerOn()
+    {
+        QCOMPARE(SetUbin(1), TAVO_OK);
+        TavoSim::LoadDatabase();
+        TavoSim::FailAlways(kReset);
+        TavoSim::SetLatency("*", 5000);
+        TavoSim::SetResultText(TAVO_ERR_FAILED, "replaced");
+        QVERIFY(TavoSim::IsDatabaseLoaded());
+
+        TavoSim::Reset();
+        QVERIFY(!TavoSim::IsUbinEnabled());
+        QVERIFY(!TavoSim::IsDatabaseLoaded());
+        QVERIFY(TavoSim::CallLog().isEmpty());
+        QCOMPARE(TavoSim::CallCount(kUbin), 0);
+        QCOMPARE(AST_CAL_tl1_reset_r(0, 1000), TAVO_OK); /* neither faulted nor timed out */
+        QVERIFY(QByteArray(TAVO_GetResultText(TAVO_ERR_FAILED)).startsWith("TAVO_ERR_FAILED"));
+        QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("default"));
+    }
+
+    /* "*" delays every call, a connection call without a time-out too. */
+    void latencyOfEveryCall()
+    {
+        TavoSim::SetLatency("*", 200);
+        QElapsedTimer timer;
+        timer.start();
+        int index = 0;
+        QCOMPARE(TavoConn_GetMdActiveIdx(0, &index), TAVO_OK);
+        QVERIFY2(timer.elapsed() >= 200, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    /* A call waiting out its latency keeps nobody else waiting. */
+    void latencyHoldsNoLock()
+    {
+        TavoSim::SetLatency(kReset, 1500);
+        std::atomic<bool> done{false};
+        std::thread slow([&] {
+            AST_CAL_tl1_reset_r(0, 10000);
+            done = true;
+        });
+        QTRY_COMPARE(TavoSim::CallCount(kReset), 1);
+        uint16_t chip = 0, rf = 0;
+        QCOMPARE(AST_CAL_get_chipid_r(0, 10000, &chip, &rf), TAVO_OK);
+        TavoSim::FailOnce(kUbin);
+        QCOMPARE(TavoSim::CallLog().size(), 2);
+        const bool overtaken = !done;
+        slow.join();
+        QVERIFY(overtaken);
+        QCOMPARE(TavoSim::CallLog().first().result, TAVO_OK); /* the result lands in the record logged first */
+    }
+
+    /* Every call lands in the log in order of arrival, with its handle, time-out,
+     * inputs and answer. */
+    void callLog()
+    {
+        const uint32_t request[2] = {4, 132};
+        QByteArray record(144, '\0');
+        uint16_t chip = 0, rf = 0;
+        TavoSim::FailOnce("AST_CAL_get_chipid_r", TAVO_ERR_BUSY);
+        SetUbin(1);
+        TAVO_QueryAPISupported_r(0, 3000, "TAVO_MISC_GetIMEIRecNum_r");
+        TAVO_MMRf_GetRfCapability_r(0, 10000, request, sizeof request, record.data(), 144);
+        AST_CAL_tl1_reset_r(3, 10000);
+        AST_CAL_get_chipid_r(0, 10000, &chip, &rf);
+        TAVO_GetResultText(2);
+
+        QStringList log;
+        for (const TavoSim::CallRecord &r : TavoSim::CallLog())
+            log << QStringLiteral("%1 %2 %3 [%4] %5")
+                       .arg(r.name)
+                       .arg(r.handle)
+                       .arg(r.timeoutMs)
+                       .arg(r.args.join(' '))
+                       .arg(r.result);
+        QCOMPARE(log, QStringList({
+                          "AST_UBIN_MODE_SETUP_r 0 10000 [mode=1] 0",
+                          "TAVO_QueryAPISupported_r 0 3000 [apiName=TAVO_MISC_GetIMEIRecNum_r] 3",
+                          "TAVO_MMRf_GetRfCapability_r 0 10000 [request=4,132 requestSize=8 recordSize=144] 0",
+                          "AST_CAL_tl1_reset_r 3 10000 [] 5",
+                          "AST_CAL_get_chipid_r 0 10000 [] 6",
+                          "TAVO_GetResultText -1 -1 [result=2] 0",
+                      }));
+        QCOMPARE(TavoSim::CallNames().first(), kUbin);
+        QCOMPARE(TavoSim::CallCount(kReset), 1);
+        TavoSim::ClearCallLog();
+        QVERIFY(TavoSim::CallNames().isEmpty());
+        QCOMPARE(TavoSim::CallCount(kReset), 0);
+        AST_CAL_tl1_reset_r(0, 10000);
+        QCOMPARE(TavoSim::CallCount(kReset), 1);
+    }
+
+    /* Every code has a text, the library's own or one set; a text given out
+     * stays valid. */
+    void overriddenResultText()
+    {
+        const char *own = TAVO_GetResultText(TAVO_ERR_TIMEOUT);
+        TavoSim::SetResultText(TAVO_ERR_TIMEOUT, QStringLiteral(""));
+        const char *empty = TAVO_GetResultText(TAVO_ERR_TIMEOUT);
+        QVERIFY(empty);
+        QCOMPARE(empty[0], '\0');
+        TavoSim::SetResultText(TAVO_ERR_TIMEOUT, QStringLiteral("first"));
+        const char *first = TAVO_GetResultText(TAVO_ERR_TIMEOUT);
+        TavoSim::SetResultText(TAVO_ERR_TIMEOUT, QStringLiteral("second"));
+        QCOMPARE(QByteArray(TAVO_GetResultText(TAVO_ERR_TIMEOUT)), QByteArray("second"));
+        QCOMPARE(QByteArray(first), QByteArray("first")); /* texts given out stay valid */
+        QVERIFY(QByteArray(TAVO_GetResultText(TAVO_ERR_BUSY)).startsWith("TAVO_ERR_BUSY"));
+        TavoSim::SetResultText(TAVO_ERR_TIMEOUT, QString());
+        QCOMPARE(QByteArray(TAVO_GetResultText(TAVO_ERR_TIMEOUT)), QByteArray(own));
+        QVERIFY(QByteArray(TAVO_GetResultText(TAVO_ERR_BUFFER_TOO_SMALL)).startsWith("TAVO_ERR_BUFFER_TOO_SMALL: "));
+        QVERIFY(QByteArray(TAVO_GetResultText(4711)).startsWith("TAVO_RESULT 4711: unknown"));
+        QVERIFY(QByteArray(TAVO_GetResultText(-3)).startsWith("TAVO_RESULT -3: unknown"));
+    }
+
+    /* Callers on several threads while another one rearms faults, changes texts
+     * and reads the log: every answer is whole and every call is counted. Run
+     * under ASan too. */
+    void concurrentUse()
+    {
+        constexpr int kCallers = 4, kRounds = 1500;
+        std::atomic<bool> running{true};
+        std::atomic<int> wrong{0};
+
+        std::thread controller([&] {
+            int round = 0;
+            while (running) {
+                TavoSim::FailOnce(QStringLiteral("TAVO_MMRf_GetRfCapability_r"), TAVO_ERR_BUSY);
+                TavoSim::SetResultText(TAVO_ERR_BUSY, QString::number(round++ % 7));
+                const QVector<TavoSim::CallRecord> log = TavoSim::CallLog();
+                if (!log.isEmpty() && log.last().name.isEmpty())
+                    ++wrong;
+                if (round % 50 == 0)
+                    TavoSim::ClearFaults();
+                std::this_thread::yield();
+            }
+        });
+        std::vector<std::thread> callers;
+        for (int c = 0; c < kCallers; ++c) {
+            callers.emplace_back([&, c] {
+                for (int i = 0; i < kRounds; ++i) {
+                    const auto mmrf = Answer(kMultiRat, 144);
+                    if (mmrf.first == TAVO_OK ? U32At(mmrf.second, 44) != (0x33u << 2 | 1) /* a valid word */
+                                              : mmrf.second != QByteArray(144, kUntouched))
+                        ++wrong;
+                    if (SetUbin(uint16_t((i + c) % 2)) != TAVO_OK)
+                        ++wrong;
+                    if (AST_CAL_QueryAPISupported_r(0, 10000, "AST_CAL_agc_ex_r") != TAVO_OK)
+                        ++wrong;
+                    /* the library's own text, or one the controller set */
+                    const QByteArray text = TAVO_GetResultText(TAVO_ERR_BUSY);
+                    if (!text.startsWith("TAVO_ERR_BUSY: ") && !(text.size() == 1 && text[0] >= '0' && text[0] <= '6'))
+                        ++wrong;
+                }
+            });
+        }
+        for (std::thread &caller : callers)
+            caller.join();
+        running = false;
+        controller.join();
+
+        QCOMPARE(wrong.load(), 0);
+        QCOMPARE(TavoSim::CallCount("TAVO_MMRf_GetRfCapability_r"), kCallers * kRounds);
+        QCOMPARE(TavoSim::CallCount(kUbin), kCallers * kRounds);
+        QCOMPARE(TavoSim::CallCount("TAVO_GetResultText"), kCallers * kRounds);
+        QCOMPARE(TavoSim::CallLog().size(), kCallers * kRounds * 4);
+    }
+
+    void oneTestAtATime_data()
+    {
+        QTest::addColumn<QString>("steps"); // command, comma separated
+        QTest::addColumn<QString>("results");
+        QTest::addColumn<QString>("activity");
+        QTest::newRow("tx on, tx off") << "tx9550,txoff9550" << "0,0" << "idle";
+        QTest::newRow("second tx on refused") << "tx9550,tx9600" << "0,6" << "tx 9550";
+        QTest::newRow("rx while transmitting refused") << "tx9550,rx9550" << "0,6" << "tx 9550";
+        QTest::newRow("rx off leaves tx running") << "tx9550,rxoff9550" << "0,0" << "tx 9550";
+        QTest::newRow("stop ends any test") << "rx10087,stop" << "0,0" << "idle";
+        QTest::newRow("stop with nothing running") << "stop,stop" << "0,0" << "idle";
+        QTest::newRow("dpch while receiving refused") << "rx9550,dpch9550" << "0,6" << "rx 9550";
+        QTest::newRow("measure while transmitting refused") << "tx9550,agc9550" << "0,6" << "tx 9550";
+        QTest::newRow("measure while receiving") << "rx9550,agc9550" << "0,0" << "rx 9550";
+    }
+    void oneTestAtATime()
+    {
+        QFETCH(QString, steps);
+        QStringList answers;
+        for (const QString &step : steps.split(',')) {
+            const uint16_t channel = uint16_t(step.mid(step.indexOf(QRegularExpression("[0-9]"))).toUInt());
+            TAVO_RESULT result = TAVO_ERR_FAILED;
+            int8_t rssi = 0;
+            uint16_t dsp = 0;
+            uint8_t gain = 0;
+            if (step.startsWith("txoff"))
+                result = AST_RFTEST_TXOn_r(0, 10000, channel, 0);
+            else if (step.startsWith("tx"))
+                result = AST_RFTEST_TXOn_r(0, 10000, channel, 1);
+            else if (step.startsWith("rxoff"))
+                result = AST_RFTEST_RXOn_r(0, 10000, channel, 0);
+            else if (step.startsWith("rx"))
+                result = AST_RFTEST_RXOn_r(0, 10000, channel, 1);
+            else if (step.startsWith("dpch"))
+                result = AST_CAL_apc_start_r(0, 10000, channel, 4096, 0, 12, 2, 0);
+            else if (step.startsWith("agc"))
+                result = AST_CAL_agc_r(0, 10000, channel, 4096, 0, 60, 0, &rssi, &dsp, &gain);
+            else if (step == "stop")
+                result = AST_CAL_stop_r(0, 10000);
+            answers << QString::number(result);
+        }
+        QTEST(answers.join(','), "results");
+        QTEST(TavoSim::RadioActivity(), "activity");
+    }
+
+    // The radio's measures and registers are read through the plug-in by
+    // tests/PluginInterface/tst_TestPages; tracking is not.
+    void trackingPicksTheIdealGain()
+    {
+        int16_t rssi = 0;
+        uint16_t dsp = 0;
+        uint8_t used = 0;
+        QCOMPARE(AST_CAL_agc_ex_r(0, 10000, 9550, 4096, 0, 0, 1, &rssi, &dsp, &used), TAVO_OK);
+        QCOMPARE(QString("%1/%2").arg(rssi).arg(used), QString("-584/63")); // -73 dBm arrive on 9550
     }
 
 private:
