@@ -25,18 +25,12 @@ private slots:
         QTest::addColumn<QString>("message");
         QTest::addColumn<QStringList>("calls");
         QTest::addColumn<bool>("ubinAfter");
-        const QStringList arm{"AST_UBIN_MODE_SETUP_r", "AST_CAL_tl1_reset_r"};
-        QTest::newRow("arm") << "default" << true << "" << 0 << "" << arm << true;
+        // Arming and releasing, and their failures, as the window shows them:
+        // tests/View/tst_TdscdmaRadbenchForm.
         QTest::newRow("arm, Ubin refused") << "default" << true << "AST_UBIN_MODE_SETUP_r" << 201 << ""
                                            << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
-        QTest::newRow("arm, layer 1 reset refused")
-            << "default" << true << "AST_CAL_tl1_reset_r" << 3 << "TDSCDMA reset command failed." << arm << true;
         QTest::newRow("arm without Ubin mode")
             << "legacy-v1" << true << "" << 0 << "" << QStringList{"AST_CAL_tl1_reset_r"} << false;
-        QTest::newRow("release") << "default" << false << "" << 0 << "" << QStringList{"AST_UBIN_MODE_SETUP_r"}
-                                 << false;
-        QTest::newRow("release refused") << "default" << false << "AST_UBIN_MODE_SETUP_r" << 202 << ""
-                                         << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
         QTest::newRow("release without Ubin mode") << "legacy-v1" << false << "" << 0 << "" << QStringList() << false;
     }
     void setUbin()
@@ -106,21 +100,6 @@ private slots:
         QCOMPARE(secondTest.count(), 1);
     }
 
-    void pageListFollowsCapability()
-    {
-        SimScope sim("modern-l1");
-        CTdscdmaRadbenchCore viewController;
-        // The list is sent from the pool; the receiver here takes it queued, as the form does.
-        QStringList pages;
-        connect(&viewController, &CTdscdmaRadbenchCore::Signal_GetInitPageListDone, this,
-                [&pages](QStringList list) { pages = list; });
-        viewController.GetInitPageList();
-        QTRY_VERIFY(!pages.isEmpty());
-        QCOMPARE(pages.size(), 8);
-        QVERIFY(!pages.contains("CTdscdmaTadcDockWidget"));
-        QCOMPARE(pages.last(), QString("CTdscdmaTpcDockWidgetV3"));
-    }
-
     void everyPageModelArrivesAsJsonText()
     {
         using Fetch = void (CTdscdmaRadbenchCore::*)();
@@ -148,25 +127,6 @@ private slots:
             QVERIFY(QJsonDocument::fromJson(QByteArray::fromStdString(texts[0])).isObject());
         }
         TestLog::SetChannel(QtCriticalMsg, true);
-    }
-
-    void testsAndStopsComeBackToTheAsker()
-    {
-        SimScope sim;
-        CTdscdmaRadbenchCore viewController;
-        QSignalSpy rssi(&viewController, &CTdscdmaRadbenchCore::Signal_RssiTestDone);
-        QSignalSpy stop(&viewController, &CTdscdmaRadbenchCore::Signal_TestStopDone);
-
-        viewController.RssiTest("{}");
-        QVERIFY(rssi.wait());
-        QCOMPARE(rssi.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("Rssi"));
-
-        viewController.ContRxTestStop("{}");
-        QVERIFY(stop.wait());
-        QCOMPARE(stop.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("Continuous RX"));
-        viewController.TestStop();
-        QVERIFY(stop.wait());
-        QCOMPARE(stop.at(1).at(0).value<SEachItemOperationResult>().itemName, QString());
     }
 };
 
