@@ -1,13 +1,24 @@
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QtTest>
 
+#include "JsonPath.h"
+#include "ModalBoxCatcher.h"
+#include "SimScope.h"
+#include "TdscdmaCore.h"
 #include "TestLog.h"
 #include "TestPage.h"
+#include "UnsignedSpinBox.h"
+
+// The binding of a page to its model: widgets of each data type, captions,
+// relations, tables, and the values packed for the core and updated from it.
 
 namespace {
 
@@ -15,12 +26,68 @@ const QString kMember = "cmdIf_request_group1_memberProperty_m";
 
 QString CellText(QTableWidget *table, int row, int column) { return Describe(table->cellWidget(row, column)); }
 
+QJsonObject Parse(const std::string &text) { return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object(); }
+QString Text(const QJsonValue &value)
+{
+    const QString array = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return array.mid(1, array.size() - 2);
+}
+
+// A fitted page model of the controller, on `profile`.
+std::string FittedModel(const QString &profile, const QString &page)
+{
+    TavoSim::LoadProfile(profile);
+    TavoSim::LoadDatabase();
+    CTdscdmaCore::GetInstance()->ResetCapability();
+    return CTdscdmaCore::GetInstance()->GetDataModel(page);
+}
+
+// Every value member of a model, as full paths, with the group's type.
+QVector<QPair<QString, int>> ValueMembers(const QJsonObject &model)
+{
+    QVector<QPair<QString, int>> members;
+    const QString interface = model.contains("cmdIf") ? "cmdIf" : "calDataIf";
+    const QJsonObject sections = model.value(interface).toObject();
+    for (auto section = sections.begin(); section != sections.end(); ++section) {
+        const QJsonObject groups = section.value().toObject();
+        for (auto group = groups.begin(); group != groups.end(); ++group) {
+            const QJsonObject g = group.value().toObject();
+            for (const QJsonValue &member : g.value("memberList").toArray())
+                members << qMakePair(interface + "." + section.key() + "." + group.key() + ".memberProperty." +
+                                         member.toString(),
+                                     g.value("groupType").toInt());
+        }
+    }
+    return members;
+}
+
+// What a type 1 widget shows, as the core must receive it.
+QString ShownValue(QWidget *widget)
+{
+    if (auto *box = qobject_cast<QComboBox *>(widget))
+        return box->currentText();
+    if (auto *box = qobject_cast<QSpinBox *>(widget))
+        return QString::number(box->value());
+    if (auto *box = qobject_cast<QDoubleSpinBox *>(widget))
+        return box->text();
+    if (auto *box = qobject_cast<QCheckBox *>(widget))
+        return box->isChecked() ? "true" : "false";
+    if (auto *label = qobject_cast<QLabel *>(widget))
+        return label->text();
+    return "?";
+}
+
 } // namespace
 
 class TestPageBinding : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase() { TestLog::MuteOffscreenPlatformNotes(); }
+    void initTestCase()
+    {
+        TestLog::MuteOffscreenPlatformNotes();
+        TestLog::SetChannel(QtCriticalMsg, false);
+    }
+    void cleanup() { TavoSim::Reset(); }
 
     void memberWidgets_data()
     {
@@ -278,6 +345,411 @@ private slots:
         QVERIFY(page.Load(text.toStdString()));
         QTEST(page.IsModelReady(), "ready");
         QTEST(log.Count("====== Failed processing name"), "failures");
+    }
+
+    void packedTexts_data()
+    {
+        QTest::addColumn<QString>("member");
+        QTest::addColumn<QString>("widgetClass");
+        QTest::addColumn<QString>("packed");
+        const QString on = R"("defaultSupport":1,"defaultEnableStatus":1,)";
+        QTest::newRow("hexadecimal spin box packs decimal")
+            << on + R"("trait":{"dataType":"range","defaultValue":"255","value":{"min":0,"max":4095,"displayBase":16}})"
+            << "QSpinBox" << R"("255")";
+        QTest::newRow("double as shown")
+            << on + R"("trait":{"dataType":"pointRange","defaultValue":"1.5","decimals":3,"value":{"min":0,"max":9}})"
+            << "QDoubleSpinBox" << R"("1.500")";
+        QTest::newRow("combo without items packs nothing")
+            << on + R"("trait":{"dataType":"list","defaultValue":"a","value":[]})" << "QComboBox" << R"("")";
+        QTest::newRow("check box") << on + R"("trait":{"dataType":"boolean","defaultValue":"true"})" << "QCheckBox"
+                                   << R"("true")";
+        QTest::newRow("table in display form")
+            << on + R"("trait":{"dataType":"unsignedRange","defaultValue":["10","4096"],"value":{"min":"0","max":"65535","displayBase":16}})"
+            << "QTableWidget" << R"(["A","1000"])";
+    }
+    void packedTexts()
+    {
+        QFETCH(QString, member);
+        QFETCH(QString, widgetClass);
+        TestPage page;
+        const bool table = widgetClass == "QTableWidget";
+        page.AddOf(widgetClass, "cmdIf_request_group1_memberProperty_m");
+        page.Add<QLabel>("cmdIf_request_group1_memberProperty_other");
+        QJsonObject members{{"m", Json("{" + member + "}")}};
+        QJsonObject extra{{"memberList", QJsonArray{"m", "other"}}};
+        if (table)
+            extra.insert("memberProperty", QJsonObject{{"dimentionCount", 2}});
+        else
+            members.insert("other", Json(R"({"defaultSupport":1,"trait":{"dataType":"label","defaultValue":"x"}})"));
+        QVERIFY(page.Load(GroupModel(members, table ? 3 : 1, extra)));
+
+        // The first widget creates memberValue, the next adds to it, and a second
+        // packing refreshes the values.
+        page.PackageMemberValue();
+        const QJsonObject model = Parse(page.PackageMemberValue());
+        QTEST(Text(GetJsonValueConst(model, "cmdIf.request.group1.memberValue.m")), "packed");
+        if (!table)
+            QCOMPARE(Text(GetJsonValueConst(model, "cmdIf.request.group1.memberValue.other")), QString(R"("x")"));
+    }
+
+    void storedModels_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("page");
+        for (const char *profile : {"default", "legacy-v1"}) {
+            for (const char *page : {"AFC Control", "Continuous TX", "Tpc", "Rx Pathloss", "Temperature ADC",
+                                     "Continuous RX", "Dpch TX", "Rssi", "Baseband Register"})
+                QTest::addRow("%s, %s", profile, page) << profile << page;
+        }
+    }
+    // Every stored model, fitted to the target, binds without a failure, offers
+    // the target's bands, and travels to the core and back unchanged.
+    void storedModels()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, page);
+        const std::string text = FittedModel(profile, page);
+        const bool calData = page == "Tpc" || page == "Rx Pathloss";
+        TestPage testPage(calData);
+        testPage.AddWidgetsFor(Parse(text));
+        TestLog::CriticalCapture log;
+        QVERIFY(testPage.Load(text));
+        QCOMPARE(log.Lines(), QStringList());
+        QVERIFY(testPage.IsModelReady());
+        const QString bandPath = calData ? "calDataIf.config.group1.memberProperty.band" : "cmdIf.request.group1.memberProperty.band";
+        if (auto *band = qobject_cast<QComboBox *>(testPage.Widget(QString(bandPath).replace('.', '_'))))
+            QCOMPARE(band->count(), GetJsonValueConst(Parse(text), bandPath + ".trait.value").toArray().size());
+
+        // What leaves the page is what its widgets show.
+        QJsonObject sent = Parse(testPage.PackageMemberValue());
+        for (const auto &member : ValueMembers(sent)) {
+            QWidget *widget = testPage.Widget(QString(member.first).replace('.', '_'));
+            const QJsonObject property = GetJsonValueConst(sent, member.first).toObject();
+            const QString valuePath = QString(member.first).replace("memberProperty", "memberValue");
+            if (member.second != 1 || property.value("defaultSupport").toInt() != 1)
+                continue;
+            QCOMPARE(GetJsonValueConst(sent, valuePath).toString(), ShownValue(widget));
+        }
+
+        // The core answers with new values in every response and data member.
+        int changed = 0;
+        for (const auto &member : ValueMembers(sent)) {
+            if (!member.first.contains(".response.") && !member.first.contains(".data."))
+                continue;
+            const QString path = member.first + ".trait";
+            QJsonObject trait = GetJsonValueConst(sent, path).toObject();
+            const QString type = trait.value("dataType").toString();
+            const QJsonObject space = trait.value("value").toObject();
+            QString value = type == "label" ? "new" : type == "range" || type == "pointRange"
+                                                      ? QString::number(space.value("max").toInt(99))
+                                                      : QString();
+            if (value.isEmpty())
+                continue;
+            trait.insert("defaultValue", member.second == 3 ? QJsonValue(QJsonArray{value}) : QJsonValue(value));
+            QVERIFY(SetJsonValue(sent, path, trait));
+            ++changed;
+        }
+        // The transmit and receive tests answer with a status only.
+        QCOMPARE(changed > 0, !page.endsWith(" TX") && page != "Continuous RX");
+        if (changed == 0)
+            return;
+        testPage.UpdateWidgets(sent);
+        QCOMPARE(log.Lines(), QStringList());
+        QVERIFY(testPage.IsModelReady());
+        QCOMPARE(testPage.Model(), sent);
+
+        // Packed again, the page sends exactly what came back.
+        const QJsonObject again = Parse(testPage.PackageMemberValue());
+        for (const auto &member : ValueMembers(again)) {
+            if (!member.first.contains(".response.") && !member.first.contains(".data."))
+                continue;
+            const QJsonValue expected = GetJsonValueConst(sent, member.first + ".trait.defaultValue");
+            const QJsonValue packed =
+                GetJsonValueConst(again, QString(member.first).replace("memberProperty", "memberValue"));
+            if (!IsJsonValueDefined(packed) || !expected.isString() || expected.toString() != "new")
+                continue;
+            QCOMPARE(packed.toString(), QString("new"));
+        }
+    }
+
+    void updateOfWhatCameBack_data()
+    {
+        QTest::addColumn<QString>("response");
+        QTest::addColumn<QStringList>("shown");
+        QTest::newRow("values of the answer")
+            << R"("m":"7","list":"b","flag":"true","cells":["1","2"])"
+            << QStringList{"QSpinBox 0..9 value=7 base=10 tip=0~9", "QComboBox items=a|b current=b tip=",
+                           "QCheckBox text=Flag checked=1 tip=", "QSpinBox 0..9 value=1 base=10 tip=0~9",
+                           "QSpinBox 0..9 value=2 base=10 tip=0~9", "QSpinBox 0..9 value=2 base=10 tip=0~9"};
+        QTest::newRow("a text that is no item blanks the box, a short array fills")
+            << R"("m":"3","list":"zzz","flag":"false","cells":["4"])"
+            << QStringList{"QSpinBox 0..9 value=3 base=10 tip=0~9", "QComboBox items=a|b current= tip=",
+                           "QCheckBox text=Flag checked=0 tip=", "QSpinBox 0..9 value=4 base=10 tip=0~9",
+                           "QSpinBox 0..9 value=4 base=10 tip=0~9", "QSpinBox 0..9 value=4 base=10 tip=0~9"};
+    }
+    void updateOfWhatCameBack()
+    {
+        QFETCH(QString, response);
+        const QJsonObject values = Json("{" + response + "}");
+        auto model = [&values](bool answer) {
+            auto member = [&](const char *name, const QString &trait) {
+                QJsonObject t = Json(trait);
+                if (answer)
+                    t.insert("defaultValue", values.value(name));
+                return QJsonObject{{"caption", "Flag"}, {"defaultSupport", 1}, {"defaultEnableStatus", 1}, {"trait", t}};
+            };
+            const QJsonObject type1{
+                {"groupType", 1},
+                {"memberList", QJsonArray{"m", "list", "flag"}},
+                {"memberProperty",
+                 QJsonObject{{"m", member("m", R"({"dataType":"range","defaultValue":"5","value":{"min":0,"max":9}})")},
+                             {"list", member("list", R"({"dataType":"list","defaultValue":"a","value":["a","b"]})")},
+                             {"flag", member("flag", R"({"dataType":"boolean","defaultValue":"false"})")}}}};
+            const QJsonObject type3{
+                {"groupType", 3},
+                {"memberList", QJsonArray{"cells"}},
+                {"memberProperty",
+                 QJsonObject{{"dimentionCount", 3},
+                             {"cells", member("cells", R"({"dataType":"range","defaultValue":["0"],"value":{"min":0,"max":9}})")}}}};
+            const QJsonObject request{{"groupType", 1},
+                                      {"memberList", QJsonArray{"m"}},
+                                      {"memberProperty", QJsonObject{{"m", member("m", R"({"dataType":"range","defaultValue":"5","value":{"min":0,"max":9}})")}}}};
+            return QJsonObject{{"cmdIf", QJsonObject{{"request", QJsonObject{{"group1", request}}},
+                                                     {"response", QJsonObject{{"group1", type1}, {"group2", type3}}}}}};
+        };
+
+        TestPage page;
+        auto *request = page.Add<QSpinBox>("cmdIf_request_group1_memberProperty_m");
+        QList<QWidget *> widgets{page.Add<QSpinBox>("cmdIf_response_group1_memberProperty_m"),
+                                 page.Add<QComboBox>("cmdIf_response_group1_memberProperty_list"),
+                                 page.Add<QCheckBox>("cmdIf_response_group1_memberProperty_flag")};
+        auto *table = page.Add<QTableWidget>("cmdIf_response_group2_memberProperty_cells");
+        QVERIFY(page.Load(model(false)));
+        page.UpdateWidgets(model(true));
+
+        QStringList seen;
+        for (QWidget *widget : widgets)
+            seen << Describe(widget);
+        for (int c = 0; c < table->columnCount(); ++c)
+            seen << Describe(table->cellWidget(0, c));
+        QTEST(seen, "shown");
+        QCOMPARE(request->value(), 5);
+    }
+
+    void integrityDecidesTheModel_data()
+    {
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<bool>("taken");
+        QTest::addColumn<QString>("boxText");
+        QTest::addColumn<QString>("boxInformative");
+        QTest::newRow("no integrity block") << R"({"modelName":"new"})" << true << "" << "";
+        QTest::newRow("integrity true")
+            << R"({"modelName":"new","modelIntegrity":{"integrity":true,"messageList":[""]}})" << true << "" << "";
+        QTest::newRow("integrity false")
+            << R"({"modelName":"new","modelIntegrity":{"integrity":false,"messageList":["Update Band info failed","x"]}})"
+            << false << "There are some error in this page:  Test page\n" << "Update Band info failed\nx\n";
+        QTest::newRow("empty, integrity true")
+            << R"({"emptyModel":"","modelIntegrity":{"integrity":true,"messageList":[]}})" << false
+            << "This is empty data to update." << "";
+        QTest::newRow("empty alone") << R"({"emptyModel":""})" << false << "There are some error in this page:  Test page\n"
+                                     << "";
+    }
+    void integrityDecidesTheModel()
+    {
+        QFETCH(QString, answer);
+        QFETCH(bool, taken);
+        QFETCH(QString, boxText);
+        TestPage page;
+        QVERIFY(page.Load(Json(R"({"modelName":"old"})")));
+        ModalBoxCatcher boxes;
+        page.UpdateWidgets(Json(answer));
+        QCOMPARE(page.Model().value("modelName").toString(), QString(taken ? "new" : "old"));
+        QVERIFY(!page.Model().contains("modelIntegrity"));
+        QCOMPARE(boxes.Count(), boxText.isEmpty() ? 0 : 1);
+        if (!boxText.isEmpty()) {
+            QCOMPARE(boxes.Boxes()[0].title, QString("Error"));
+            QCOMPARE(boxes.Boxes()[0].text, CMessageBoxMan::WrapText(boxText));
+            QTEST(boxes.Boxes()[0].informativeText, "boxInformative");
+            QCOMPARE(boxes.Boxes()[0].icon, QMessageBox::Critical);
+        }
+    }
+
+    void bandChoosesTheUarfcnRange_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<int>("calData");
+        QTest::addColumn<QString>("uarfcn");
+        QTest::addColumn<QString>("band");
+        QTest::addColumn<QString>("shown");
+        // A test page jumps to the middle of the new range (tests/PluginInterface/
+        // tst_TestPages); a calibration page keeps a stored value inside it.
+        QTest::newRow("test page, no entry for the band: range stays")
+            << "Continuous TX" << 0 << "cmdIf_request_group1_memberProperty_uarfcn" << "unknown"
+            << "QSpinBox 9500..9600 value=9550 base=10 tip=9500~9600";
+        QTest::newRow("calibration page keeps the stored value")
+            << "Tpc" << 1 << "calDataIf_data_group7_memberProperty_uarfcn" << "2010-2025MHz"
+            << "QSpinBox 10050..10125 value=10087 base=10 tip=10050~10125,0";
+    }
+    void bandChoosesTheUarfcnRange()
+    {
+        QFETCH(QString, page);
+        QFETCH(int, calData);
+        QFETCH(QString, uarfcn);
+        QFETCH(QString, band);
+        const std::string text = FittedModel("default", page);
+        TestPage testPage(calData);
+        testPage.AddWidgetsFor(Parse(text));
+        QVERIFY(testPage.Load(text));
+        auto *bandBox = qobject_cast<QComboBox *>(
+            testPage.Widget(calData ? "calDataIf_config_group1_memberProperty_band" : "cmdIf_request_group1_memberProperty_band"));
+        QVERIFY(bandBox);
+        if (band == "unknown")
+            bandBox->addItem(band);
+        TestLog::CriticalCapture log;
+        bandBox->setCurrentText(band);
+
+        QWidget *field = testPage.Widget(uarfcn);
+        if (auto *table = qobject_cast<QTableWidget *>(field))
+            field = table->cellWidget(0, 0);
+        QTEST(Describe(field), "shown");
+        QCOMPARE(log.Count("Cannot get the mapping of key and value"), band == "unknown" ? 1 : 0);
+    }
+
+    void statusRelevance()
+    {
+        // The AFC selection switches the two DAC fields.
+        const std::string text = FittedModel("default", "AFC Control");
+        TestPage afc;
+        afc.AddWidgetsFor(Parse(text));
+        QVERIFY(afc.Load(text));
+        auto *select = qobject_cast<QComboBox *>(afc.Widget("cmdIf_request_group1_memberProperty_afcSelect"));
+        QWidget *dac1 = afc.Widget("cmdIf_request_group1_memberProperty_afcdac1");
+        QWidget *dac2 = afc.Widget("cmdIf_request_group1_memberProperty_afcdac2");
+        select->setCurrentText("AFC2");
+        QVERIFY(!dac1->isEnabled() && dac2->isEnabled());
+        select->setCurrentText("AFC1");
+        QVERIFY(dac1->isEnabled() && !dac2->isEnabled());
+
+        // A check box disabled by the status of another clears itself, and
+        // enabling it again does not bring the check back.
+        TestPage page;
+        auto *publisher = page.Add<QComboBox>("cmdIf_request_group1_memberProperty_p");
+        auto *box = page.Add<QCheckBox>("cmdIf_request_group1_memberProperty_c");
+        QVERIFY(page.Load(Json(R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberProperty":{)"
+                               R"("p":{"defaultSupport":1,"defaultEnableStatus":1,"publishEnableStatusList":["request.group1.memberProperty.c"],)"
+                               R"("trait":{"dataType":"list","defaultValue":"on","value":["on","off"]}},)"
+                               R"("c":{"defaultSupport":1,"defaultEnableStatus":1,)"
+                               R"("trait":{"dataType":"boolean","defaultValue":"true","enableStatusPair":{"on":1,"off":0}}}}}}}})")));
+        QVERIFY(box->isChecked());
+        publisher->setCurrentText("off");
+        QVERIFY(!box->isEnabled() && !box->isChecked());
+        publisher->setCurrentText("on");
+        QVERIFY(box->isEnabled() && !box->isChecked());
+
+        // A hidden page changes nothing.
+        page.hide();
+        publisher->setCurrentText("off");
+        QVERIFY(box->isEnabled());
+    }
+
+    void relevanceOfAComposedKey()
+    {
+        TestPage page;
+        auto *band = page.Add<QComboBox>("cmdIf_request_group1_memberProperty_band");
+        auto *mode = page.Add<QCheckBox>("cmdIf_request_group1_memberProperty_mode");
+        auto *label = page.Add<QLabel>("cmdIf_request_group1_memberProperty_info");
+        QVERIFY(page.Load(Json(
+            R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberProperty":{)"
+            R"("band":{"defaultSupport":1,"defaultEnableStatus":1,"publishValueList":["request.group1.memberProperty.info"],"trait":{"dataType":"list","defaultValue":"A","value":["A","B"]}},)"
+            R"("mode":{"defaultSupport":1,"defaultEnableStatus":1,"publishValueList":["request.group1.memberProperty.info"],"trait":{"dataType":"boolean","defaultValue":"false"}},)"
+            R"("info":{"defaultSupport":1,"defaultEnableStatus":1,"subscribeValueList":["request.group1.memberProperty.band","request.group1.memberProperty.mode"],)"
+            R"("trait":{"dataType":"label","defaultValue":"","valuePair":{"A,false":"a off","B,false":"b off","B,true":"b on"}}}}}}}})")));
+        QCOMPARE(label->text(), QString());
+        band->setCurrentText("B");
+        QCOMPARE(label->text(), QString("b off"));
+        mode->setChecked(true);
+        QCOMPARE(label->text(), QString("b on"));
+        // "A,true" has no entry: the label keeps what it shows.
+        band->setCurrentText("A");
+        QCOMPARE(label->text(), QString("b on"));
+    }
+
+    void rangeChecks_data()
+    {
+        QTest::addColumn<bool>("point");
+        QTest::addColumn<QString>("check");
+        QTest::addColumn<double>("typed");
+        QTest::addColumn<double>("kept");
+        QTest::newRow("inside the interval") << false << "9500~9600,0" << 9550.0 << 9550.0;
+        QTest::newRow("single value") << false << "9500~9600,0" << 0.0 << 0.0;
+        QTest::newRow("outside: middle of the first interval") << false << "9500~9600,0" << 50.0 << 9550.0;
+        QTest::newRow("single value first") << false << "7,1~3" << 5.0 << 7.0;
+        QTest::newRow("only zero") << false << "0" << 4.0 << 0.0;
+        QTest::newRow("empty check leaves the value") << false << "" << 4.0 << 4.0;
+        QTest::newRow("point: outside") << true << "0.5~1.5,9" << 3.0 << 1.0;
+        QTest::newRow("point: single compared as number") << true << "2.50" << 2.5 << 2.5;
+    }
+    void rangeChecks()
+    {
+        QFETCH(bool, point);
+        QFETCH(QString, check);
+        QFETCH(double, typed);
+        TestPage page;
+        QAbstractSpinBox *field = nullptr;
+        const QString member = point ? R"("dataType":"pointRange","value":{"min":-100,"max":10000,"decimals":2,"rangeCheck":"%1"})"
+                                     : R"("dataType":"range","value":{"min":-100,"max":10000,"rangeCheck":"%1"})";
+        if (point) {
+            auto *table = page.Add<QTableWidget>("cmdIf_request_group1_memberProperty_m");
+            QVERIFY(page.Load(Json(QString(R"({"cmdIf":{"request":{"group1":{"groupType":3,"memberList":["m"],)"
+                                           R"("memberProperty":{"dimentionCount":1,"m":{"defaultSupport":1,"defaultEnableStatus":1,"trait":{"defaultValue":["0"],)") +
+                                   member.arg(check) + "}}}}}}}")));
+            field = qobject_cast<QAbstractSpinBox *>(table->cellWidget(0, 0));
+            static_cast<QDoubleSpinBox *>(field)->setValue(typed);
+        } else {
+            page.Add<QSpinBox>("cmdIf_request_group1_memberProperty_m");
+            QVERIFY(page.Load(Json(QString(R"({"cmdIf":{"request":{"group1":{"groupType":1,)"
+                                           R"("memberProperty":{"m":{"defaultSupport":1,"defaultEnableStatus":1,"trait":{"defaultValue":"0",)") +
+                                   member.arg(check) + "}}}}}}}")));
+            field = qobject_cast<QAbstractSpinBox *>(page.Widget("cmdIf_request_group1_memberProperty_m"));
+            static_cast<QSpinBox *>(field)->setValue(int(typed));
+        }
+        QVERIFY(field);
+        if (check.isEmpty())
+            field->setToolTip(""); // a check that names nothing
+        emit field->editingFinished();
+        const double value = point ? static_cast<QDoubleSpinBox *>(field)->value() : static_cast<QSpinBox *>(field)->value();
+        QTEST(value, "kept");
+    }
+
+    void unsignedField_data()
+    {
+        QTest::addColumn<int>("base");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("wheel");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("lastGood");
+        QTest::newRow("hexadecimal in upper case") << 16 << "ff" << 0 << "FF" << "ff";
+        QTest::newRow("not a number: back to the last") << 16 << "zz" << 0 << "" << "";
+        QTest::newRow("above the maximum") << 10 << "4294967296" << 0 << "" << "";
+        QTest::newRow("wheel up") << 10 << "41" << 1 << "42" << "42";
+        QTest::newRow("wheel stops at the maximum") << 10 << "4294967295" << 1 << "4294967295" << "4294967295";
+        QTest::newRow("wheel stops at the minimum") << 10 << "0" << -1 << "0" << "0";
+        QTest::newRow("wheel from nothing readable") << 16 << "" << 1 << "1" << "1";
+    }
+    void unsignedField()
+    {
+        QFETCH(int, base);
+        QFETCH(QString, typed);
+        QFETCH(int, wheel);
+        CUnsignedSpinBox field(nullptr, base);
+        field.setText(typed);
+        if (wheel != 0) {
+            QWheelEvent event(QPointF(1, 1), QPointF(1, 1), QPoint(), QPoint(0, wheel * 120), Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&field, &event);
+        }
+        QTEST(field.text(), "shown");
+        QTEST(field.m_lastText, "lastGood");
     }
 };
 
