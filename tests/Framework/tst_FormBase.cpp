@@ -135,32 +135,6 @@ private slots:
                 QTRY_COMPARE(bar->tabText(bar->currentIndex()), QString("Page 2"));
         }
     }
-
-    void statusAndBusyAreForwarded()
-    {
-        TestForm form;
-        form.show();
-        form.InitPage({"OtherPage"});
-        QSignalSpy busy(&form, &CAutoBindingDataModelForm::Signal_PluginIsBusy);
-        auto *page = form.findChild<OtherPage *>();
-        emit page->Signal_UpdateStatus("Cont Tx start...", 0);
-        emit page->Signal_PluginIsBusy(true);
-        QCOMPARE(form.Status(), QString("Cont Tx start..."));
-        QCOMPARE(busy.count(), 1);
-        QCOMPARE(busy.at(0).at(0).toBool(), true);
-    }
-
-    void closeDocksFloatingPagesBack()
-    {
-        TestForm form;
-        form.show();
-        form.InitPage({"StopCountingPage", "OtherPage"});
-        form.Pages().first()->setFloating(true);
-        form.close();
-        QVERIFY(!form.Pages().first()->isFloating());
-        form.ResetForm();
-        QVERIFY(form.Pages().isEmpty());
-    }
 };
 
 QTEST_MAIN(TestFormBase)
