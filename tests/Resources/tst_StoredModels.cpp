@@ -251,14 +251,8 @@ private slots:
     {
         QFETCH(int, row);
         const ModelRow &expected = kModels[row];
-        const QByteArray text = ReadModel(expected.model);
-        QVERIFY2(!text.isEmpty(), "resource missing or empty");
-        QJsonParseError error;
-        const QJsonDocument doc = QJsonDocument::fromJson(text, &error);
-        QVERIFY2(error.error == QJsonParseError::NoError,
-                 qPrintable(QString("%1 at offset %2").arg(error.errorString()).arg(error.offset)));
-        QVERIFY(doc.isObject());
-        const QJsonObject model = doc.object();
+        const QJsonObject model = Model(expected.model);
+        QVERIFY2(!model.isEmpty(), "resource missing, empty or no JSON object");
 
         QCOMPARE(Text(model.value("modelName")), Text(QJsonValue(expected.modelName)));
         QCOMPARE(Text(model.value("modelVersion")), Text(QJsonValue(1)));

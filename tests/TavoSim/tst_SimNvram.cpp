@@ -17,10 +17,7 @@ const char kCap[] = "NVRAM_EF_AST_TL1_CAP_DATA_LID";
 const char kImei[] = "NVRAM_EF_IMEI_IMEISV_LID";
 const char kGps[] = "NVRAM_EF_GPS_CO_CLOCK_DATA_LID";
 
-QJsonObject json(const char *text)
-{
-    return QJsonDocument::fromJson(text).object();
-}
+QJsonObject json(const char *text) { return QJsonDocument::fromJson(text).object(); }
 
 /* Loads default with `patch` over it and the database loaded. */
 bool useTarget(const QJsonObject &patch, const QString &profile = QStringLiteral("default"))
