@@ -200,8 +200,7 @@ private slots:
         QTest::newRow("warning level, table advice")
             << 51 << "" << int(QMessageBox::Warning)
             << "Please select the file that includes the data you want to operate.";
-        QTest::newRow("error level, own message")
-            << 3 << "TAVO_RESULT = timeout" << int(QMessageBox::Critical) << "TAVO_RESULT = timeout";
+        // Error level, own message: the window's arming failure in tst_TdscdmaRadbenchForm.
         QTest::newRow("level 0 that is no success") << 4 << "" << int(QMessageBox::Warning) << "";
     }
     void failedResultPresentation()
