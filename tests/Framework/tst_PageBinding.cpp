@@ -686,6 +686,10 @@ private slots:
         QTest::newRow("single value first") << false << "7,1~3" << 5.0 << 7.0;
         QTest::newRow("only zero") << false << "0" << 4.0 << 0.0;
         QTest::newRow("empty check leaves the value") << false << "" << 4.0 << 4.0;
+        QTest::newRow("empty items are skipped") << false << ",,9500~9600,,0," << 50.0 << 9550.0;
+        QTest::newRow("negative interval, middle toward 0") << false << "-10~-5" << 0.0 << -7.0;
+        QTest::newRow("reversed interval matches nothing") << false << "9600~9500" << 9600.0 << 9550.0;
+        QTest::newRow("spaces around the numbers") << false << " 9500 ~ 9600 , 0" << 9599.0 << 9599.0;
         QTest::newRow("point: outside") << true << "0.5~1.5,9" << 3.0 << 1.0;
         QTest::newRow("point: single compared as number") << true << "2.50" << 2.5 << 2.5;
     }

@@ -187,6 +187,15 @@ private slots:
         QTest::mouseClick(Find<QToolButton>(dock, "m_stop"), Qt::LeftButton);
         QTRY_COMPARE(Status(), QString("DPCH TX stop."));
         QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
+
+        // The host locks the pages against new operations and releases them.
+        auto *start = Find<QToolButton>(dock, "m_start");
+        auto *read = Find<QToolButton>(ShowPage("CTdscdmaBBRegDockWidget"), "m_btnRegRead");
+        m_plugin->DisablePages();
+        QVERIFY(!start->isEnabledTo(dock) && !read->isEnabledTo(read->window()));
+        m_plugin->EnablePages();
+        QVERIFY(start->isEnabledTo(dock) && read->isEnabledTo(read->window()));
+        QVERIFY(!Find<QToolButton>(dock, "m_stop")->isEnabledTo(dock));
     }
 
     void rssiShowsTheMeasure()
