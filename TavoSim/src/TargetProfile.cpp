@@ -292,16 +292,16 @@ void readFaults(ProfileReader &top, TargetProfile &p)
 {
     for (ProfileReader &fault : top.objects("faults")) {
         fault.allowKeys({"call", "result", "count", "skip"});
-        FaultSpec spec;
-        spec.call = fault.string("call");
-        if (spec.call.isEmpty())
+        FaultSpec armed;
+        armed.call = fault.string("call");
+        if (armed.call.isEmpty())
             fault.fail(QStringLiteral("call"), QStringLiteral("expected the name of a call"));
-        spec.result = TAVO_RESULT(fault.integer("result", std::numeric_limits<TAVO_RESULT>::min(),
+        armed.result = TAVO_RESULT(fault.integer("result", std::numeric_limits<TAVO_RESULT>::min(),
                                                 std::numeric_limits<TAVO_RESULT>::max())
                                       .value_or(TAVO_ERR_FAILED));
-        spec.count = int(fault.integer("count", -1, kIntMax).value_or(-1));
-        spec.skip = int(fault.integer("skip", 0, kIntMax).value_or(0));
-        p.faults << spec;
+        armed.count = int(fault.integer("count", -1, kIntMax).value_or(-1));
+        armed.skip = int(fault.integer("skip", 0, kIntMax).value_or(0));
+        p.faults << armed;
     }
 }
 
