@@ -45,10 +45,7 @@ private slots:
     void testsBecomeOneTargetCommand();
     void rssiAnswerIsShown_data();
     void rssiAnswerIsShown();
-    void stopsReachTheRightCommand_data();
-    void stopsReachTheRightCommand();
     void registers();
-    void modeTables();
 
 private:
     struct SDone {
@@ -82,10 +79,6 @@ void TestTestOperations::testsBecomeOneTargetCommand_data()
     QTest::addColumn<QStringList>("calls");
 
     const QString tx = Request(Json(R"J({"band":"1900-1920MHz(a)","uarfcn":"9550"})J")).c_str();
-    QTest::newRow("continuous TX") << "default" << "Continuous TX" << tx << "" << 0
-                                   << QStringList{"AST_RFTEST_TXOn_r(uarfcn=9550,on=1)"};
-    QTest::newRow("continuous TX refused") << "default" << "Continuous TX" << tx << "AST_RFTEST_TXOn_r" << 3
-                                           << QStringList{"AST_RFTEST_TXOn_r(uarfcn=9550,on=1)"};
     QTest::newRow("continuous RX, channel cut to 16 bits")
         << "default" << "Continuous RX" << QString(Request(Json(R"({"uarfcn":"75086"})")).c_str()) << "" << 0
         << QStringList{"AST_RFTEST_RXOn_r(uarfcn=9550,on=1)"};
@@ -181,39 +174,6 @@ void TestTestOperations::rssiAnswerIsShown()
     QCOMPARE(failed.model, std::string());
 }
 
-void TestTestOperations::stopsReachTheRightCommand_data()
-{
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<QStringList>("calls");
-    QTest::newRow("continuous TX on its channel") << "Continuous TX"
-                                                  << QStringList{"AST_RFTEST_TXOn_r(uarfcn=9600,on=0)"};
-    QTest::newRow("continuous RX on its channel") << "Continuous RX"
-                                                  << QStringList{"AST_RFTEST_RXOn_r(uarfcn=9600,on=0)"};
-    QTest::newRow("any other page") << "Dpch TX" << QStringList{"AST_CAL_stop_r()"};
-    QTest::newRow("the stop of a tab change") << "" << QStringList{"AST_CAL_stop_r()"};
-}
-
-void TestTestOperations::stopsReachTheRightCommand()
-{
-    QFETCH(QString, item);
-    QFETCH(QStringList, calls);
-
-    SimScope sim;
-    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    QObject receiver;
-    QVector<SEachItemOperationResult> results;
-    connect(core, &CTdscdmaCore::Signal_TestStopDone, &receiver,
-            [&results](SEachItemOperationResult result) { results << result; });
-    if (item.isEmpty())
-        core->TestStop();
-    else
-        core->TestStopByItem(item, Request(Json(R"({"uarfcn":"9600"})")));
-    QTRY_COMPARE(results.size(), 1);
-    QCOMPARE(results[0].itemName, item);
-    QCOMPARE(results[0].errorCode, 0);
-    QCOMPARE(TestCalls(), calls);
-}
-
 void TestTestOperations::registers()
 {
     SimScope sim;
@@ -247,14 +207,6 @@ void TestTestOperations::registers()
     QTRY_VERIFY(reads.size() == 2 && writes.size() == 2);
     QCOMPARE(reads[1], qMakePair(3, std::string()));
     QCOMPARE(writes[1], qMakePair(3, std::string()));
-}
-
-void TestTestOperations::modeTables()
-{
-    QCOMPARE(CTdscdmaCoreCmdBuilder::GainModeOf("Ext2"), 6u);
-    QCOMPARE(CTdscdmaCoreCmdBuilder::PaModeOf("Ext2"), 0u);
-    QCOMPARE(CTdscdmaCoreCmdBuilder::PaModeOf("Low"), 2u);
-    QCOMPARE(CTdscdmaCoreCmdBuilder::GainModeOf("nonsense"), 0u);
 }
 
 QTEST_GUILESS_MAIN(TestTestOperations)

@@ -114,11 +114,6 @@ private slots:
             << QStringList{R"(IID is "org.example.X")"};
         QTest::newRow("no className") << R"({"IID": "com.halvorex.Tavo.TavoToolPlugin"})"
                                       << QStringList{"className is not set", "MetaData is missing"};
-        QTest::newRow("empty name") << with(R"({"type": "t", "name": "", "version": "1", "dependencies": []})")
-                                    << QStringList{R"("name" is empty)"};
-        QTest::newRow("every field wrong") << with(R"({"type": 2, "name": null, "dependencies": {}})")
-                                           << QStringList{R"("type" is not a string)", R"("name" is not a string)",
-                                                          R"(no "version")", R"("dependencies" is not an array)"};
     }
     void checkMetaData()
     {
@@ -287,56 +282,6 @@ private slots:
         QCOMPARE(tool.host.TargetProfile(), known ? profile : QStringLiteral("default"));
         if (!known)
             QVERIFY2(tool.host.LastError().contains(profile), qPrintable(tool.host.LastError()));
-    }
-
-    void menus()
-    {
-        SHostWithTool tool;
-        QVERIFY(tool.loaded);
-        CHostWindow window(&tool.host);
-        auto trigger = [](QMenu *menu, const QString &text) {
-            for (QAction *action : menu->actions()) {
-                if (action->text().remove('&') == text) {
-                    action->trigger();
-                    return true;
-                }
-            }
-            return false;
-        };
-
-        // Target: one exclusive entry per built-in profile, the connected one checked.
-        const QString other = OtherProfile();
-        for (const QString &profile : TavoSim::BuiltInProfiles()) {
-            QAction *action = window.ProfileAction(profile);
-            QVERIFY2(action && window.TargetMenu()->actions().contains(action), qPrintable(profile));
-            QVERIFY(action->isCheckable() && action->actionGroup()->isExclusive());
-            QCOMPARE(action->isChecked(), profile == "default");
-        }
-        QVERIFY(trigger(window.TargetMenu(), other));
-        QCOMPARE(Calls(tool.host), (QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", other),
-                                                "ShowTool(db=unloaded)"}));
-        QVERIFY(window.ProfileAction(other)->isChecked());
-        QVERIFY(!window.ProfileAction("default")->isChecked());
-
-        // Tool: each entry reaches the plug-in.
-        ClearCalls(tool.host);
-        for (const char *entry : {"Open tool", "Hide tool", "Disable pages", "Enable pages"})
-            QVERIFY2(trigger(window.ToolMenu(), entry), entry);
-        QCOMPARE(Calls(tool.host), (QStringList{At("QueryLaunchRequirement", other), "ShowTool(db=unloaded)", "HideTool",
-                                                "DisablePages", "EnablePages"}));
-
-        // Disconnect: reset, no database, nothing checked, and no launch until a
-        // profile is chosen again.
-        TavoSim::LoadDatabase();
-        ClearCalls(tool.host);
-        QVERIFY(trigger(window.TargetMenu(), "Disconnect (reset tool)"));
-        QVERIFY(!TavoSim::IsDatabaseLoaded());
-        QVERIFY(!window.ProfileAction(other)->isChecked());
-        QVERIFY(trigger(window.ToolMenu(), "Open tool"));
-        QCOMPARE(Calls(tool.host), QStringList{At("ResetPlugin", other)});
-        QVERIFY(trigger(window.TargetMenu(), "default"));
-        QCOMPARE(Calls(tool.host).last(), QStringLiteral("ShowTool(db=unloaded)"));
-        QVERIFY(window.LogText().contains("Target disconnected"));
     }
 
     void readiness_data()
