@@ -2,27 +2,29 @@
 
 #include <QMap>
 
+#include <memory>
+#include <vector>
+
 #include "Interface/CoreInterface.h"
+#include "ItemInfo.h"
+#include "Interface/PageItemDescriptor.h"
+#include "Items/TdscdmaBBReg.h"
+#include "Items/TdscdmaRfInit.h"
+#include "Items/TdscdmaTestStop.h"
 #include "Items/TdscdmaUbinMode.h"
 #include "TdscdmaCoreCmdBuilder.h"
 #include "TdscdmaDataModelCapUpdater.h"
 #include "TdscdmaDataModelResponseBuilder.h"
 
-class CTdscdmaBBReg;
-class CTdscdmaContRx;
-class CTdscdmaContTx;
-class CTdscdmaDpchTx;
-class CTdscdmaRfInit;
-class CTdscdmaRssi;
-class CTdscdmaTestStop;
-class CTdscdmaTadc;
-class CTdscdmaTpc;
-class CTdscdmaTpcV3;
-
 // The one controller of everything TD-SCDMA: pages' models, tests and
 // stops, the target's arming, and the movements of calibration data. A
 // process-wide singleton; long operations run in the global thread pool and
 // end in a signal.
+//
+// What the controller offers comes from its items: a descriptor for each
+// calibration item and each page item (Descriptors/TdscdmaItemCatalog).
+// The controller itself names no item: the page list, the models, the tests
+// and stops, the item lists and the movements all go through descriptors.
 class CTdscdmaCore : public IRfCoreCalDataOperation, public IRfTest {
     Q_OBJECT
 public:
@@ -36,16 +38,10 @@ public:
     void TestStop() override;
 
     // IRfCoreCalDataOperation
-    void UploadFromFlashInternal() override;
-    void SaveToFileInternal() override;
-    void LoadFromFileInternal() override;
-    void DownloadToFlashInternal() override;
-    QStringList GetSupportItem() override;
-    QStringList GetSupportItemFromFile(TIniFile *file) override;
-    void UploadFromFlash(QStringList items) override;
-    void DownloadToFlash(QStringList items) override;
-    void LoadFromFile(TIniFile *file, QStringList items) override;
-    void SaveToFile(TIniFile *file, QStringList items) override;
+    void UploadFromFlashInternal(SCalDataRun run) override;
+    void SaveToFileInternal(SCalDataRun run) override;
+    void LoadFromFileInternal(SCalDataRun run) override;
+    void DownloadToFlashInternal(SCalDataRun run) override;
     void ResetCapability() override;
     SRatSupportStatus GetRatSupportStatus() override;
 
@@ -61,8 +57,25 @@ public:
     // False only when the target serves all calibration data over layer 1.
     bool IsNeedDb();
 
+    // The band data of the calibration pages between their models and the items.
+    void SetTpcCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_TPC), model); }
+    std::string GetTpcCalibrationData(std::string model) { return GetCalibrationData(GetCalItemName(CAL_ITEM_TPC), model); }
+    void SetPathlossCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_RX_PATH_LOSS), model); }
+    std::string GetPathlossCalibrationData(std::string model)
+    {
+        return GetCalibrationData(GetCalItemName(CAL_ITEM_RX_PATH_LOSS), model);
+    }
+    void SetTadcCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_TADC), model); }
+    std::string GetTadcCalibrationData(std::string model) { return GetCalibrationData(GetCalItemName(CAL_ITEM_TADC), model); }
+    void SetAfcCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_AFC), model); }
+    std::string GetAfcCalibrationData(std::string model) { return GetCalibrationData(GetCalItemName(CAL_ITEM_AFC), model); }
+
+    // Adds a page item; a page item of the same id leaves (and is given back).
+    std::unique_ptr<CPageItemDescriptor> AddPageItem(std::unique_ptr<CPageItemDescriptor> item);
+    // Takes the page item of `id` away, if there is one.
+    std::unique_ptr<CPageItemDescriptor> TakePageItem(int id);
+    // The id of a page item's name; a name the controller does not know gives 0.
     int PageItemId(const QString &name) const { return m_pageItemMap.value(name, 0); }
-    int CalItemId(const QString &name) const { return m_calItemMap.value(name, 0); }
 
 signals:
     void Signal_TestDone(SEachItemOperationResult itemResult, std::string resultModel);
@@ -71,36 +84,29 @@ signals:
     void Signal_RegReadDone(SEachItemOperationResult itemResult, std::string resultModel);
     void Signal_RegWriteDone(SEachItemOperationResult itemResult, std::string resultModel);
 
+protected:
+    bool IsTargetServed() override;
+
 private:
     CTdscdmaCore();
 
+    SRatSupportStatus DetermineRatSupportStatus();
     void SetUbinInternal(bool enable);
     void TestInternal(QString item, std::string request);
     void TestStopInternal(QString item, std::string request);
     void RegReadInternal(std::string request);
     void RegWriteInternal(std::string request);
-    // The RSSI measure of a request; the answer goes into `resultModel`.
-    int RssiTest(const QJsonObject &request, std::string &resultModel);
-    // Every item of the running movement ends with the code of a movement
-    // that did not run, and the movement's done signal is returned.
-    void EndMovementWithoutItems();
 
-    // The stored model of a page, fitted to the target.
-    QJsonObject FittedDataModel(int pageItem, const QString &pageName);
+    // The page item of a name: that of id 0 for a name the controller does
+    // not know; null when there is none either.
+    CPageItemDescriptor *PageItem(const QString &name) const;
 
-    QMap<QString, int> m_calItemMap;
-    CTdscdmaTpc *m_tpcObj = nullptr;
-    CTdscdmaTpcV3 *m_tpcV3Obj = nullptr;
-    CTdscdmaTadc *m_tadcObj = nullptr;
-    CTdscdmaUbinMode m_ubinObj;
     QMap<QString, int> m_pageItemMap;
-    CTdscdmaTestStop *m_testStopObj = nullptr;
-    CTdscdmaContTx *m_contTxObj = nullptr;
-    CTdscdmaRfInit *m_rfInitObj = nullptr;
-    CTdscdmaContRx *m_contRxObj = nullptr;
-    CTdscdmaDpchTx *m_dpchTxObj = nullptr;
-    CTdscdmaRssi *m_rssiObj = nullptr;
-    CTdscdmaBBReg *m_bbRegObj = nullptr;
+    std::vector<std::unique_ptr<CPageItemDescriptor>> m_pageItems;
+    CTdscdmaUbinMode m_ubinObj;
+    CTdscdmaTestStop m_testStopObj;
+    CTdscdmaRfInit m_rfInitObj;
+    CTdscdmaBBReg m_bbRegObj;
     CTdscdmaDataModelCapUpdater m_capUpdater;
     CTdscdmaDataModelResponseBuilder m_responseBuilder;
     CTdscdmaCoreCmdBuilder m_cmdBuilder;

@@ -1,6 +1,5 @@
 #include "TdscdmaDataModelCapUpdater.h"
 
-#include <QDebug>
 #include <QFile>
 #include <QJsonDocument>
 
@@ -8,6 +7,7 @@
 #include "Items/TdscdmaTpc.h"
 #include "JsonPath.h"
 #include "ModelUpdateResult.h"
+#include "RadbenchLog.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ QString ModelName(const QJsonObject &model) { return model.value("modelName").to
 CTdscdmaDataModelCapUpdater::CTdscdmaDataModelCapUpdater()
 {
     m_3gppModel = QJsonDocument::fromJson(QByteArray::fromStdString(Get3gppDataModel())).object();
-    qDebug() << m_3gppModel;
+    qCDebug(lcController) << m_3gppModel;
 }
 
 const QStringList &CTdscdmaDataModelCapUpdater::BandNames()
@@ -51,7 +51,7 @@ std::string CTdscdmaDataModelCapUpdater::Get3gppDataModel()
     QFile file(":/Tdscdma3gpp.json");
     QJsonObject model;
     if (!ReadDataModel(file, model)) {
-        qCritical() << "CTdscdmaDataModelCapUpdater: no band plan, every band takes the fallback range";
+        qCCritical(lcController) << "CTdscdmaDataModelCapUpdater: no band plan, every band takes the fallback range";
         return std::string();
     }
     return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
@@ -76,10 +76,10 @@ bool CTdscdmaDataModelCapUpdater::UpdateBandFreqInDataModel(QJsonObject &model, 
     }
 
     for (const SBandPathDir &bandPath : qAsConst(bandPaths)) {
-        qDebug() << "CTdscdmaDataModelCapUpdater::UpdateBandFreqInDataModel bandList" << bands;
+        qCDebug(lcController) << "CTdscdmaDataModelCapUpdater::UpdateBandFreqInDataModel bandList" << bands;
         if (!bands.isEmpty() && !SetJsonValue(model, bandPath.path, bands)) {
             InsertModelUpdateResult(model, false, "Update Band info failed");
-            qCritical() << ModelName(model) << "Update band mapping failed";
+            qCCritical(lcController) << ModelName(model) << "Update band mapping failed";
             return false;
         }
     }
@@ -123,7 +123,7 @@ bool CTdscdmaDataModelCapUpdater::UpdateFreqInDataModelBySupportBand(QJsonObject
         const QJsonObject &map = freqPath.direction ? uplinkMap : downlinkMap;
         if (!map.isEmpty() && !SetJsonValue(model, freqPath.path, map)) {
             AddModelUpdateResult(model, false, "Update frequency info failed");
-            qCritical() << ModelName(model) << "Update frequency mapping failed";
+            qCCritical(lcController) << ModelName(model) << "Update frequency mapping failed";
             return false;
         }
     }
@@ -192,7 +192,7 @@ bool CTdscdmaDataModelCapUpdater::UpdatePathlossDefaultEnableStatus(QJsonObject 
     for (const QString path : {"calDataIf.data.group1.memberProperty.loss3.defaultSupport",
                                "calDataIf.data.group2.memberProperty.loss3.defaultSupport"}) {
         if (!SetJsonValue(model, path, support)) {
-            qCritical() << "Update failed: " << path;
+            qCCritical(lcController) << "Update failed: " << path;
             InsertModelUpdateResult(model, false, "Update exten mode enable status failed");
             return false;
         }

@@ -5,31 +5,13 @@
 #include <QHideEvent>
 #include <QShowEvent>
 
-#include "Afc/TdscdmaAfcDockWidget.h"
-#include "BBReg/TdscdmaBBRegDockWidget.h"
 #include "ErrorCodeInfo.h"
 #include "MessageBoxMan.h"
-#include "Rx/TdscdmaContRxDockWidget.h"
-#include "Rx/TdscdmaPathlossDockWidget.h"
-#include "Rx/TdscdmaRssiDockWidget.h"
-#include "Tadc/TdscdmaTadcDockWidget.h"
-#include "Tx/TdscdmaContTxDockWidget.h"
-#include "Tx/TdscdmaDpchTxDockWidget.h"
-#include "Tx/TdscdmaTpcDockWidget.h"
-#include "Tx/TdscdmaTpcDockWidgetV3.h"
 #include "ui_TdscdmaRadbenchForm.h"
 
 namespace {
 
 const char *const kTitle = "TDSCDMA Radbench";
-
-// The form builds pages from the class names of the page list, so each page
-// class is known to the meta-type system under its name followed by "*".
-template <typename Page>
-void RegisterPage(const char *pointerName)
-{
-    qRegisterMetaType<Page *>(pointerName);
-}
 
 } // namespace
 
@@ -42,17 +24,6 @@ CTdscdmaRadbenchForm::CTdscdmaRadbenchForm(QWidget *parent)
     delete takeCentralWidget();
 
     RegisterOperationMetaTypes();
-
-    RegisterPage<CTdscdmaContTxDockWidget>("CTdscdmaContTxDockWidget*");
-    RegisterPage<CTdscdmaTpcDockWidget>("CTdscdmaTpcDockWidget*");
-    RegisterPage<CTdscdmaPathlossDockWidget>("CTdscdmaPathlossDockWidget*");
-    RegisterPage<CTdscdmaTpcDockWidgetV3>("CTdscdmaTpcDockWidgetV3*");
-    RegisterPage<CTdscdmaTadcDockWidget>("CTdscdmaTadcDockWidget*");
-    RegisterPage<CTdscdmaContRxDockWidget>("CTdscdmaContRxDockWidget*");
-    RegisterPage<CTdscdmaAfcDockWidget>("CTdscdmaAfcDockWidget*");
-    RegisterPage<CTdscdmaDpchTxDockWidget>("CTdscdmaDpchTxDockWidget*");
-    RegisterPage<CTdscdmaRssiDockWidget>("CTdscdmaRssiDockWidget*");
-    RegisterPage<CTdscdmaBBRegDockWidget>("CTdscdmaBBRegDockWidget*");
 }
 
 CTdscdmaRadbenchForm::~CTdscdmaRadbenchForm() { delete m_ui; }

@@ -3,7 +3,10 @@
 #include <QThreadPool>
 #include <QtConcurrent>
 
+#include <memory>
+
 #include "ItemInfo.h"
+#include "TIniFile.h"
 #include "TdscdmaCore.h"
 
 CTdscdmaRadbenchCore::CTdscdmaRadbenchCore(QObject *parent) : QObject(parent) {}
@@ -14,18 +17,24 @@ void CTdscdmaRadbenchCore::Run(Function internal, Args... args)
     m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, internal, args...);
 }
 
-template <typename Slot>
-void CTdscdmaRadbenchCore::StartTest(int pageItem, const std::string &model, Slot slot)
+template <typename Sender, typename Base, typename... SignalArgs, typename Function>
+void CTdscdmaRadbenchCore::ConnectOnce(Sender *sender, void (Base::*signal)(SignalArgs...), Function reply)
 {
-    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    connect(core, &CTdscdmaCore::Signal_TestDone, this, slot);
-    core->TestStart(GetPageItemName(pageItem), model);
+    auto connection = std::make_shared<QMetaObject::Connection>();
+    *connection = connect(sender, signal, this, [connection, reply](SignalArgs... args) {
+        QObject::disconnect(*connection);
+        reply(args...);
+    });
 }
 
-template <typename Signal, typename Slot>
-void CTdscdmaRadbenchCore::EndRun(Signal controllerSignal, Slot slot)
+CTdscdmaRadbenchCore::Reply CTdscdmaRadbenchCore::Emitting(ResultSignal signal)
 {
-    disconnect(CTdscdmaCore::GetInstance(), controllerSignal, this, slot);
+    return [this, signal](SEachItemOperationResult result, std::string) { emit(this->*signal)(result); };
+}
+
+CTdscdmaRadbenchCore::Reply CTdscdmaRadbenchCore::Emitting(ResultModelSignal signal)
+{
+    return [this, signal](SEachItemOperationResult result, std::string model) { emit(this->*signal)(result, model); };
 }
 
 // ---- The form's operations ---------------------------------------------------
@@ -35,14 +44,9 @@ void CTdscdmaRadbenchCore::SetUbin(bool enable) { Run(&CTdscdmaRadbenchCore::Set
 void CTdscdmaRadbenchCore::SetUbinInternal(bool enable)
 {
     CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    connect(core, &CTdscdmaCore::Signal_SetUbinDone, this, &CTdscdmaRadbenchCore::Slot_SetUbinDone);
+    ConnectOnce(core, &CTdscdmaCore::Signal_SetUbinDone,
+                [this](SEachItemOperationResult result) { emit Signal_SetUbinDone(result); });
     core->SetUbin(enable);
-}
-
-void CTdscdmaRadbenchCore::Slot_SetUbinDone(SEachItemOperationResult itemResult)
-{
-    EndRun(&CTdscdmaCore::Signal_SetUbinDone, &CTdscdmaRadbenchCore::Slot_SetUbinDone);
-    emit Signal_SetUbinDone(itemResult);
 }
 
 void CTdscdmaRadbenchCore::GetInitPageList() { Run(&CTdscdmaRadbenchCore::GetInitPageListInternal); }
@@ -63,138 +67,106 @@ void CTdscdmaRadbenchCore::ResetCapability() { CTdscdmaCore::GetInstance()->Rese
 
 // ---- Pages' models -------------------------------------------------------------
 
+void CTdscdmaRadbenchCore::GetDataModel(int pageItem) { FetchModel(pageItem, nullptr); }
+
+void CTdscdmaRadbenchCore::FetchModel(int pageItem, ModelSignal done)
+{
+    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, pageItem, done);
+}
+
 void CTdscdmaRadbenchCore::GetDataModelInternal(int pageItem, ModelSignal done)
 {
-    emit(this->*done)(CTdscdmaCore::GetInstance()->GetDataModel(GetPageItemName(pageItem)));
+    const std::string model = CTdscdmaCore::GetInstance()->GetDataModel(GetPageItemName(pageItem));
+    emit Signal_GetDataModelDone(model, pageItem);
+    if (done)
+        emit(this->*done)(model);
 }
 
 void CTdscdmaRadbenchCore::GetContTxDataModel()
 {
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_CONT_TX),
-        &CTdscdmaRadbenchCore::Signal_GetContTxDataModelDone);
+    FetchModel(PAGE_ITEM_CONT_TX, &CTdscdmaRadbenchCore::Signal_GetContTxDataModelDone);
 }
 
-void CTdscdmaRadbenchCore::GetTpcDataModel()
-{
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_TPC),
-        &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone);
-}
+void CTdscdmaRadbenchCore::GetTpcDataModel() { FetchModel(PAGE_ITEM_TPC, &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone); }
 
 void CTdscdmaRadbenchCore::GetPathlossDataModel()
 {
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_RX_PATHLOSS),
-        &CTdscdmaRadbenchCore::Signal_GetPathlossDataModelDone);
+    FetchModel(PAGE_ITEM_RX_PATHLOSS, &CTdscdmaRadbenchCore::Signal_GetPathlossDataModelDone);
 }
 
-void CTdscdmaRadbenchCore::GetTadcDataModel()
-{
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_TADC),
-        &CTdscdmaRadbenchCore::Signal_GetTadcDataModelDone);
-}
+void CTdscdmaRadbenchCore::GetTadcDataModel() { FetchModel(PAGE_ITEM_TADC, &CTdscdmaRadbenchCore::Signal_GetTadcDataModelDone); }
 
 void CTdscdmaRadbenchCore::GetContRxDataModel()
 {
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_CONT_RX),
-        &CTdscdmaRadbenchCore::Signal_GetContRxDataModelDone);
+    FetchModel(PAGE_ITEM_CONT_RX, &CTdscdmaRadbenchCore::Signal_GetContRxDataModelDone);
 }
 
 void CTdscdmaRadbenchCore::GetAfcDataModel()
 {
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_AFC_CONTROL),
-        &CTdscdmaRadbenchCore::Signal_GetAfcDataModelDone);
+    FetchModel(PAGE_ITEM_AFC_CONTROL, &CTdscdmaRadbenchCore::Signal_GetAfcDataModelDone);
 }
 
 void CTdscdmaRadbenchCore::GetDpchTxDataModel()
 {
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_DPCH_TX),
-        &CTdscdmaRadbenchCore::Signal_GetDpchTxDataModelDone);
+    FetchModel(PAGE_ITEM_DPCH_TX, &CTdscdmaRadbenchCore::Signal_GetDpchTxDataModelDone);
 }
 
-void CTdscdmaRadbenchCore::GetRssiDataModel()
-{
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_RSSI),
-        &CTdscdmaRadbenchCore::Signal_GetRssiDataModelDone);
-}
+void CTdscdmaRadbenchCore::GetRssiDataModel() { FetchModel(PAGE_ITEM_RSSI, &CTdscdmaRadbenchCore::Signal_GetRssiDataModelDone); }
 
 void CTdscdmaRadbenchCore::GetBBRegDataModel()
 {
-    Run(&CTdscdmaRadbenchCore::GetDataModelInternal, int(PAGE_ITEM_BB_REGISTER),
-        &CTdscdmaRadbenchCore::Signal_GetBBRegDataModelDone);
+    FetchModel(PAGE_ITEM_BB_REGISTER, &CTdscdmaRadbenchCore::Signal_GetBBRegDataModelDone);
 }
 
 // ---- Tests -------------------------------------------------------------------
 
-void CTdscdmaRadbenchCore::ContTxTest(std::string model) { Run(&CTdscdmaRadbenchCore::ContTxTestInternal, model); }
-void CTdscdmaRadbenchCore::ContRxTest(std::string model) { Run(&CTdscdmaRadbenchCore::ContRxTestInternal, model); }
-void CTdscdmaRadbenchCore::DpchTxTest(std::string model) { Run(&CTdscdmaRadbenchCore::DpchTxTestInternal, model); }
-void CTdscdmaRadbenchCore::RssiTest(std::string model) { Run(&CTdscdmaRadbenchCore::RssiTestInternal, model); }
-void CTdscdmaRadbenchCore::TadcMeasure(std::string model) { Run(&CTdscdmaRadbenchCore::TadcMeasureInternal, model); }
-void CTdscdmaRadbenchCore::AfcTest(std::string model) { Run(&CTdscdmaRadbenchCore::AfcTestInternal, model); }
+void CTdscdmaRadbenchCore::Test(int pageItem, std::string model) { RunTest(pageItem, std::move(model), nullptr); }
 
-void CTdscdmaRadbenchCore::ContTxTestInternal(std::string model)
+void CTdscdmaRadbenchCore::RunTest(int pageItem, std::string model, Reply reply)
 {
-    StartTest(PAGE_ITEM_CONT_TX, model, &CTdscdmaRadbenchCore::Slot_ContTxTestDone);
+    Run(&CTdscdmaRadbenchCore::TestInternal, pageItem, std::move(model), std::move(reply));
 }
 
-void CTdscdmaRadbenchCore::ContRxTestInternal(std::string model)
+void CTdscdmaRadbenchCore::TestInternal(int pageItem, std::string model, Reply reply)
 {
-    StartTest(PAGE_ITEM_CONT_RX, model, &CTdscdmaRadbenchCore::Slot_ContRxTestDone);
+    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+    ConnectOnce(core, &CTdscdmaCore::Signal_TestDone,
+                [this, pageItem, reply](SEachItemOperationResult result, std::string resultModel) {
+                    emit Signal_TestDone(result, resultModel, pageItem);
+                    if (reply)
+                        reply(result, resultModel);
+                });
+    core->TestStart(GetPageItemName(pageItem), model);
 }
 
-void CTdscdmaRadbenchCore::DpchTxTestInternal(std::string model)
+void CTdscdmaRadbenchCore::ContTxTest(std::string model)
 {
-    StartTest(PAGE_ITEM_DPCH_TX, model, &CTdscdmaRadbenchCore::Slot_DpchTxTestDone);
+    RunTest(PAGE_ITEM_CONT_TX, model, Emitting(&CTdscdmaRadbenchCore::Signal_ContTxTestDone));
 }
 
-void CTdscdmaRadbenchCore::RssiTestInternal(std::string model)
+void CTdscdmaRadbenchCore::ContRxTest(std::string model)
 {
-    StartTest(PAGE_ITEM_RSSI, model, &CTdscdmaRadbenchCore::Slot_RssiTestDone);
+    RunTest(PAGE_ITEM_CONT_RX, model, Emitting(&CTdscdmaRadbenchCore::Signal_ContRxTestDone));
 }
 
-void CTdscdmaRadbenchCore::TadcMeasureInternal(std::string model)
+void CTdscdmaRadbenchCore::DpchTxTest(std::string model)
 {
-    StartTest(PAGE_ITEM_TADC, model, &CTdscdmaRadbenchCore::Slot_TadcMeasureDone);
+    RunTest(PAGE_ITEM_DPCH_TX, model, Emitting(&CTdscdmaRadbenchCore::Signal_DpchTxTestDone));
 }
 
-void CTdscdmaRadbenchCore::AfcTestInternal(std::string model)
+void CTdscdmaRadbenchCore::RssiTest(std::string model)
 {
-    StartTest(PAGE_ITEM_AFC_CONTROL, model, &CTdscdmaRadbenchCore::Slot_AfcTestDone);
+    RunTest(PAGE_ITEM_RSSI, model, Emitting(&CTdscdmaRadbenchCore::Signal_RssiTestDone));
 }
 
-void CTdscdmaRadbenchCore::Slot_ContTxTestDone(SEachItemOperationResult result)
+void CTdscdmaRadbenchCore::TadcMeasure(std::string model)
 {
-    EndRun(&CTdscdmaCore::Signal_TestDone, &CTdscdmaRadbenchCore::Slot_ContTxTestDone);
-    emit Signal_ContTxTestDone(result);
+    RunTest(PAGE_ITEM_TADC, model, Emitting(&CTdscdmaRadbenchCore::Signal_TadcMeasureDone));
 }
 
-void CTdscdmaRadbenchCore::Slot_ContRxTestDone(SEachItemOperationResult result)
+void CTdscdmaRadbenchCore::AfcTest(std::string model)
 {
-    EndRun(&CTdscdmaCore::Signal_TestDone, &CTdscdmaRadbenchCore::Slot_ContRxTestDone);
-    emit Signal_ContRxTestDone(result);
-}
-
-void CTdscdmaRadbenchCore::Slot_DpchTxTestDone(SEachItemOperationResult result)
-{
-    EndRun(&CTdscdmaCore::Signal_TestDone, &CTdscdmaRadbenchCore::Slot_DpchTxTestDone);
-    emit Signal_DpchTxTestDone(result);
-}
-
-void CTdscdmaRadbenchCore::Slot_RssiTestDone(SEachItemOperationResult result, std::string resultModel)
-{
-    EndRun(&CTdscdmaCore::Signal_TestDone, &CTdscdmaRadbenchCore::Slot_RssiTestDone);
-    emit Signal_RssiTestDone(result, resultModel);
-}
-
-void CTdscdmaRadbenchCore::Slot_TadcMeasureDone(SEachItemOperationResult result, std::string resultModel)
-{
-    EndRun(&CTdscdmaCore::Signal_TestDone, &CTdscdmaRadbenchCore::Slot_TadcMeasureDone);
-    emit Signal_TadcMeasureDone(result, resultModel);
-}
-
-void CTdscdmaRadbenchCore::Slot_AfcTestDone(SEachItemOperationResult result)
-{
-    EndRun(&CTdscdmaCore::Signal_TestDone, &CTdscdmaRadbenchCore::Slot_AfcTestDone);
-    emit Signal_AfcTestDone(result);
+    RunTest(PAGE_ITEM_AFC_CONTROL, model, Emitting(&CTdscdmaRadbenchCore::Signal_AfcTestDone));
 }
 
 // ---- Stops -------------------------------------------------------------------
@@ -214,17 +186,12 @@ void CTdscdmaRadbenchCore::TestStop() { Run(&CTdscdmaRadbenchCore::TestStopInter
 void CTdscdmaRadbenchCore::TestStopInternal(QString item, std::string model)
 {
     CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    connect(core, &CTdscdmaCore::Signal_TestStopDone, this, &CTdscdmaRadbenchCore::Slot_TestStopDone);
+    ConnectOnce(core, &CTdscdmaCore::Signal_TestStopDone,
+                [this](SEachItemOperationResult result) { emit Signal_TestStopDone(result); });
     if (item.isEmpty())
         core->TestStop();
     else
         core->TestStopByItem(item, model);
-}
-
-void CTdscdmaRadbenchCore::Slot_TestStopDone(SEachItemOperationResult itemResult)
-{
-    EndRun(&CTdscdmaCore::Signal_TestStopDone, &CTdscdmaRadbenchCore::Slot_TestStopDone);
-    emit Signal_TestStopDone(itemResult);
 }
 
 // ---- Baseband registers ----------------------------------------------------------
@@ -235,25 +202,201 @@ void CTdscdmaRadbenchCore::RegWrite(std::string model) { Run(&CTdscdmaRadbenchCo
 void CTdscdmaRadbenchCore::RegReadInternal(std::string model)
 {
     CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    connect(core, &CTdscdmaCore::Signal_RegReadDone, this, &CTdscdmaRadbenchCore::Slot_RegReadDone);
+    ConnectOnce(core, &CTdscdmaCore::Signal_RegReadDone,
+                [this](SEachItemOperationResult result, std::string resultModel) {
+                    emit Signal_RegReadDone(result, resultModel);
+                });
     core->RegRead(model);
 }
 
 void CTdscdmaRadbenchCore::RegWriteInternal(std::string model)
 {
     CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-    connect(core, &CTdscdmaCore::Signal_RegWriteDone, this, &CTdscdmaRadbenchCore::Slot_RegWriteDone);
+    ConnectOnce(core, &CTdscdmaCore::Signal_RegWriteDone,
+                [this](SEachItemOperationResult result, std::string resultModel) {
+                    emit Signal_RegWriteDone(result, resultModel);
+                });
     core->RegWrite(model);
 }
 
-void CTdscdmaRadbenchCore::Slot_RegReadDone(SEachItemOperationResult result, std::string resultModel)
+// ---- Calibration data ------------------------------------------------------------
+
+void CTdscdmaRadbenchCore::StartCalData(ECalDataMovement movement, int calItem, std::string model, QString path)
 {
-    EndRun(&CTdscdmaCore::Signal_RegReadDone, &CTdscdmaRadbenchCore::Slot_RegReadDone);
-    emit Signal_RegReadDone(result, resultModel);
+    RunCalData(movement, calItem, std::move(model), std::move(path), nullptr);
 }
 
-void CTdscdmaRadbenchCore::Slot_RegWriteDone(SEachItemOperationResult result, std::string resultModel)
+void CTdscdmaRadbenchCore::RunCalData(ECalDataMovement movement, int calItem, std::string model, QString path,
+                                      Reply reply)
 {
-    EndRun(&CTdscdmaCore::Signal_RegWriteDone, &CTdscdmaRadbenchCore::Slot_RegWriteDone);
-    emit Signal_RegWriteDone(result, resultModel);
+    Run(&CTdscdmaRadbenchCore::CalDataInternal, movement, calItem, std::move(model), std::move(path),
+        std::move(reply));
+}
+
+void CTdscdmaRadbenchCore::CalDataInternal(ECalDataMovement movement, int calItem, std::string model, QString path,
+                                           Reply reply)
+{
+    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+    const SCalDataRoute route = core->CalDataRoute(core->GetCalItemName(calItem));
+    IRfCoreCalDataOperation *controller = route.controller;
+    const bool toTarget = movement == ECalDataMovement::DownloadToFlash || movement == ECalDataMovement::SaveToFile;
+    if (toTarget)
+        controller->SetCalibrationData(route.item, model);
+
+    // The run's file lives until its done signal has been handled.
+    std::shared_ptr<TIniFile> file;
+    if (movement == ECalDataMovement::LoadFromFile || movement == ECalDataMovement::SaveToFile)
+        file = std::make_shared<TIniFile>(path);
+
+    auto done = [this, movement, calItem, model, file, route, toTarget,
+                 reply](bool isAllSuccess, QVector<SEachItemOperationResult> itemResult) {
+        Q_UNUSED(isAllSuccess);
+        // The run has one item: its result is the page's.
+        const SEachItemOperationResult result =
+            itemResult.value(0, SEachItemOperationResult{route.item, ERROR_CODE_NOT_EXECUTED, QString()});
+        if (movement == ECalDataMovement::SaveToFile)
+            file->Save();
+        const std::string answer = toTarget ? std::string() : route.controller->GetCalibrationData(route.item, model);
+        emit Signal_CalDataDone(result, answer, calItem, movement);
+        if (reply)
+            reply(result, answer);
+    };
+
+    const QStringList items{route.item};
+    switch (movement) {
+    case ECalDataMovement::UploadFromFlash:
+        ConnectOnce(controller, &IRfCoreCalDataOperation::Signal_UploadFromFlashDone, done);
+        controller->UploadFromFlash(items);
+        break;
+    case ECalDataMovement::DownloadToFlash:
+        ConnectOnce(controller, &IRfCoreCalDataOperation::Signal_DownloadToFlashDone, done);
+        controller->DownloadToFlash(items);
+        break;
+    case ECalDataMovement::LoadFromFile:
+        ConnectOnce(controller, &IRfCoreCalDataOperation::Signal_LoadFromFileDone, done);
+        controller->LoadFromFile(file.get(), items);
+        break;
+    case ECalDataMovement::SaveToFile:
+        ConnectOnce(controller, &IRfCoreCalDataOperation::Signal_SaveToFileDone, done);
+        controller->SaveToFile(file.get(), items);
+        break;
+    }
+}
+
+void CTdscdmaRadbenchCore::TpcUploadFromFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::UploadFromFlash, CAL_ITEM_TPC, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_TpcUploadFromFlashDone));
+}
+
+void CTdscdmaRadbenchCore::TpcLoadFromFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::LoadFromFile, CAL_ITEM_TPC, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_TpcLoadFromFileDone));
+}
+
+void CTdscdmaRadbenchCore::TpcDownloadToFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::DownloadToFlash, CAL_ITEM_TPC, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_TpcDownloadToFlashDone));
+}
+
+void CTdscdmaRadbenchCore::TpcSaveToFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::SaveToFile, CAL_ITEM_TPC, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_TpcSaveToFileDone));
+}
+
+void CTdscdmaRadbenchCore::PathlossUploadFromFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::UploadFromFlash, CAL_ITEM_RX_PATH_LOSS, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_PathlossUploadFromFlashDone));
+}
+
+void CTdscdmaRadbenchCore::PathlossLoadFromFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::LoadFromFile, CAL_ITEM_RX_PATH_LOSS, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_PathlossLoadFromFileDone));
+}
+
+void CTdscdmaRadbenchCore::PathlossDownloadToFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::DownloadToFlash, CAL_ITEM_RX_PATH_LOSS, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_PathlossDownloadToFlashDone));
+}
+
+void CTdscdmaRadbenchCore::PathlossSaveToFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::SaveToFile, CAL_ITEM_RX_PATH_LOSS, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_PathlossSaveToFileDone));
+}
+
+void CTdscdmaRadbenchCore::TadcUploadFromFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::UploadFromFlash, CAL_ITEM_TADC, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_TadcUploadFromFlashDone));
+}
+
+void CTdscdmaRadbenchCore::TadcLoadFromFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::LoadFromFile, CAL_ITEM_TADC, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_TadcLoadFromFileDone));
+}
+
+void CTdscdmaRadbenchCore::TadcDownloadToFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::DownloadToFlash, CAL_ITEM_TADC, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_TadcDownloadToFlashDone));
+}
+
+void CTdscdmaRadbenchCore::TadcSaveToFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::SaveToFile, CAL_ITEM_TADC, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_TadcSaveToFileDone));
+}
+
+void CTdscdmaRadbenchCore::AfcUploadFromFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::UploadFromFlash, CAL_ITEM_AFC, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_AfcUploadFromFlashDone));
+}
+
+void CTdscdmaRadbenchCore::AfcLoadFromFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::LoadFromFile, CAL_ITEM_AFC, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_AfcLoadFromFileDone));
+}
+
+void CTdscdmaRadbenchCore::AfcDownloadToFlashStart(std::string model)
+{
+    RunCalData(ECalDataMovement::DownloadToFlash, CAL_ITEM_AFC, model, QString(),
+               Emitting(&CTdscdmaRadbenchCore::Signal_AfcDownloadToFlashDone));
+}
+
+void CTdscdmaRadbenchCore::AfcSaveToFileStart(QString path, std::string model)
+{
+    RunCalData(ECalDataMovement::SaveToFile, CAL_ITEM_AFC, model, path,
+               Emitting(&CTdscdmaRadbenchCore::Signal_AfcSaveToFileDone));
+}
+
+// ---- Band changes ---------------------------------------------------------------
+
+void CTdscdmaRadbenchCore::SetTpcCalibrationData(std::string model)
+{
+    CTdscdmaCore::GetInstance()->SetTpcCalibrationData(model);
+}
+
+std::string CTdscdmaRadbenchCore::GetTpcCalibrationData(std::string model)
+{
+    return CTdscdmaCore::GetInstance()->GetTpcCalibrationData(model);
+}
+
+void CTdscdmaRadbenchCore::SetPathlossCalibrationData(std::string model)
+{
+    CTdscdmaCore::GetInstance()->SetPathlossCalibrationData(model);
+}
+
+std::string CTdscdmaRadbenchCore::GetPathlossCalibrationData(std::string model)
+{
+    return CTdscdmaCore::GetInstance()->GetPathlossCalibrationData(model);
 }

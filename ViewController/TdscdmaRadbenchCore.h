@@ -4,19 +4,28 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <string>
 
+#include "Interface/CalDataMovement.h"
 #include "Interface/RatSupportStatus.h"
 #include "SEachItemOperationResult.h"
-#include "TavoTargetAccess.h"
 
 class TIniFile;
 
 // Stands between the user interface thread and the controllers. A form or a
 // page calls an operation here, which returns at once; the work runs in the
 // global thread pool and the outcome comes back as a signal of this object
-// on the user interface thread. The connection to the shared controller
-// exists only for one run, so only the instance that asked hears the answer.
+// on the user interface thread.
+//
+// Every request goes one generic way, by the id of its page item or
+// calibration item: GetDataModel, Test, StartCalData. A run connects to the
+// controller's done signal for that run only and carries its own state (the
+// page's model, the Cal/INI file) in that connection, so only the instance
+// that asked hears the answer and no two runs share anything. The named
+// operations (ContTxTest, TpcUploadFromFlashStart...) are the same requests
+// for the tool's own pages, answering with their own signals besides the
+// generic one.
 class CTdscdmaRadbenchCore : public QObject {
     Q_OBJECT
 public:
@@ -29,7 +38,8 @@ public:
     bool IsNeedDb();
     void ResetCapability();
 
-    // Pages' models.
+    // The model of a page item, fitted to the target: Signal_GetDataModelDone.
+    void GetDataModel(int pageItem);
     void GetContTxDataModel();
     void GetTpcDataModel();
     void GetPathlossDataModel();
@@ -40,13 +50,15 @@ public:
     void GetRssiDataModel();
     void GetBBRegDataModel();
 
-    // Tests and stops.
+    // The test of a page item with the page's model: Signal_TestDone.
+    void Test(int pageItem, std::string model);
     void ContTxTest(std::string model);
     void ContRxTest(std::string model);
     void DpchTxTest(std::string model);
     void RssiTest(std::string model);
     void TadcMeasure(std::string model);
     void AfcTest(std::string model);
+    // Stops: Signal_TestStopDone.
     void ContTxTestStop(std::string model);
     void ContRxTestStop(std::string model);
     void TestStop();
@@ -55,10 +67,41 @@ public:
     void RegRead(std::string model);
     void RegWrite(std::string model);
 
+    // A movement of a calibration item's data, with the page's model (and
+    // the Cal/INI file at `path` for a load or save): Signal_CalDataDone. An
+    // upload or load answers the model filled with the item's data of the
+    // band it shows; a download or save first stores the model's values in
+    // the item.
+    void StartCalData(ECalDataMovement movement, int calItem, std::string model, QString path = QString());
+    void TpcUploadFromFlashStart(std::string model);
+    void TpcLoadFromFileStart(QString path, std::string model);
+    void TpcDownloadToFlashStart(std::string model);
+    void TpcSaveToFileStart(QString path, std::string model);
+    void PathlossUploadFromFlashStart(std::string model);
+    void PathlossLoadFromFileStart(QString path, std::string model);
+    void PathlossDownloadToFlashStart(std::string model);
+    void PathlossSaveToFileStart(QString path, std::string model);
+    void TadcUploadFromFlashStart(std::string model);
+    void TadcLoadFromFileStart(QString path, std::string model);
+    void TadcDownloadToFlashStart(std::string model);
+    void TadcSaveToFileStart(QString path, std::string model);
+    void AfcUploadFromFlashStart(std::string model);
+    void AfcLoadFromFileStart(QString path, std::string model);
+    void AfcDownloadToFlashStart(std::string model);
+    void AfcSaveToFileStart(QString path, std::string model);
+
+    // The band a page shows, between its model and the item, on the caller's
+    // thread: when the user turns to another band.
+    void SetTpcCalibrationData(std::string model);
+    std::string GetTpcCalibrationData(std::string model);
+    void SetPathlossCalibrationData(std::string model);
+    std::string GetPathlossCalibrationData(std::string model);
+
 signals:
     void Signal_SetUbinDone(SEachItemOperationResult itemResult);
     void Signal_GetInitPageListDone(QStringList pageList);
 
+    void Signal_GetDataModelDone(std::string dataModel, int pageItem);
     void Signal_GetContTxDataModelDone(std::string dataModel);
     void Signal_GetTpcDataModelDone(std::string dataModel);
     void Signal_GetPathlossDataModelDone(std::string dataModel);
@@ -69,6 +112,7 @@ signals:
     void Signal_GetRssiDataModelDone(std::string dataModel);
     void Signal_GetBBRegDataModelDone(std::string dataModel);
 
+    void Signal_TestDone(SEachItemOperationResult result, std::string resultModel, int pageItem);
     void Signal_ContTxTestDone(SEachItemOperationResult result);
     void Signal_ContRxTestDone(SEachItemOperationResult result);
     void Signal_DpchTxTestDone(SEachItemOperationResult result);
@@ -79,48 +123,56 @@ signals:
     void Signal_RegReadDone(SEachItemOperationResult result, std::string resultModel);
     void Signal_RegWriteDone(SEachItemOperationResult result, std::string resultModel);
 
-private slots:
-    void Slot_SetUbinDone(SEachItemOperationResult itemResult);
-    void Slot_ContTxTestDone(SEachItemOperationResult result);
-    void Slot_ContRxTestDone(SEachItemOperationResult result);
-    void Slot_DpchTxTestDone(SEachItemOperationResult result);
-    void Slot_RssiTestDone(SEachItemOperationResult result, std::string resultModel);
-    void Slot_TadcMeasureDone(SEachItemOperationResult result, std::string resultModel);
-    void Slot_AfcTestDone(SEachItemOperationResult result);
-    void Slot_TestStopDone(SEachItemOperationResult itemResult);
-    void Slot_RegReadDone(SEachItemOperationResult result, std::string resultModel);
-    void Slot_RegWriteDone(SEachItemOperationResult result, std::string resultModel);
+    void Signal_CalDataDone(SEachItemOperationResult result, std::string resultDataModel, int calItem,
+                            ECalDataMovement movement);
+    void Signal_TpcUploadFromFlashDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_TpcLoadFromFileDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_TpcDownloadToFlashDone(SEachItemOperationResult result);
+    void Signal_TpcSaveToFileDone(SEachItemOperationResult result);
+    void Signal_PathlossUploadFromFlashDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_PathlossLoadFromFileDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_PathlossDownloadToFlashDone(SEachItemOperationResult result);
+    void Signal_PathlossSaveToFileDone(SEachItemOperationResult result);
+    void Signal_TadcUploadFromFlashDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_TadcLoadFromFileDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_TadcDownloadToFlashDone(SEachItemOperationResult result);
+    void Signal_TadcSaveToFileDone(SEachItemOperationResult result);
+    void Signal_AfcUploadFromFlashDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_AfcLoadFromFileDone(SEachItemOperationResult result, std::string resultDataModel);
+    void Signal_AfcDownloadToFlashDone(SEachItemOperationResult result);
+    void Signal_AfcSaveToFileDone(SEachItemOperationResult result);
 
 private:
+    // What a run answers, on the user interface thread: the result and, for
+    // tests with a result and for uploads and loads, a model.
+    using Reply = std::function<void(SEachItemOperationResult, std::string)>;
     using ModelSignal = void (CTdscdmaRadbenchCore::*)(std::string);
+    using ResultSignal = void (CTdscdmaRadbenchCore::*)(SEachItemOperationResult);
+    using ResultModelSignal = void (CTdscdmaRadbenchCore::*)(SEachItemOperationResult, std::string);
 
     void SetUbinInternal(bool enable);
     void GetInitPageListInternal();
     void GetDataModelInternal(int pageItem, ModelSignal done);
-
-    void ContTxTestInternal(std::string model);
-    void ContRxTestInternal(std::string model);
-    void DpchTxTestInternal(std::string model);
-    void RssiTestInternal(std::string model);
-    void TadcMeasureInternal(std::string model);
-    void AfcTestInternal(std::string model);
+    void TestInternal(int pageItem, std::string model, Reply reply);
     void TestStopInternal(QString item, std::string model);
     void RegReadInternal(std::string model);
     void RegWriteInternal(std::string model);
+    void CalDataInternal(ECalDataMovement movement, int calItem, std::string model, QString path, Reply reply);
+
+    void FetchModel(int pageItem, ModelSignal done);
+    void RunTest(int pageItem, std::string model, Reply reply);
+    void RunCalData(ECalDataMovement movement, int calItem, std::string model, QString path, Reply reply);
+    // A reply that emits a page's own signal, with or without the model.
+    Reply Emitting(ResultSignal signal);
+    Reply Emitting(ResultModelSignal signal);
 
     // Starts `internal` in the global pool and keeps its handle.
     template <typename Function, typename... Args>
     void Run(Function internal, Args... args);
-    // Connects the controller's test signal to `slot` for this run and
-    // starts the test of `pageItem`.
-    template <typename Slot>
-    void StartTest(int pageItem, const std::string &model, Slot slot);
-    // Ends a run: drops the connection of `controllerSignal` to `slot`.
-    template <typename Signal, typename Slot>
-    void EndRun(Signal controllerSignal, Slot slot);
+    // Connects `signal` of `sender` for its next emission only: that one
+    // reaches `reply` on this object's thread, and the connection ends.
+    template <typename Sender, typename Base, typename... SignalArgs, typename Function>
+    void ConnectOnce(Sender *sender, void (Base::*signal)(SignalArgs...), Function reply);
 
     QFuture<void> m_future;
-    TIniFile *m_calFile = nullptr;
-    std::string m_dataModel;
-    CTavoTargetAccess m_targetAccess;
 };

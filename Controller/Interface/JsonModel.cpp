@@ -1,24 +1,26 @@
 #include "JsonModel.h"
 
-#include <QDebug>
 #include <QJsonDocument>
 #include <QJsonParseError>
+
+#include "RadbenchLog.h"
 
 bool IJsonModel::ReadDataModel(QFile &file, QJsonObject &model)
 {
     if (!file.open(QIODevice::ReadOnly)) {
-        qCritical() << file.fileName() << file.errorString();
+        qCCritical(lcController) << file.fileName() << file.errorString();
         return false;
     }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (error.error != QJsonParseError::NoError) {
-        qCritical() << file.fileName() << "is invalid data model" << error.offset << error.errorString();
+        qCCritical(lcController) << file.fileName() << "is invalid data model" << error.offset << error.errorString();
         return false;
     }
-    qDebug() << "Get Data Model from Resource" << file.fileName() << "Status" << error.errorString()
+    qCDebug(lcController) << "Get Data Model from Resource" << file.fileName() << "Status" << error.errorString()
              << error.offset;
     model = document.object();
+    std::lock_guard<std::mutex> lock(m_dataModelLock);
     m_dataModel = model;
     return true;
 }

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QJsonObject>
 
+#include <mutex>
+
 // Reads a page's data model from a file or resource and keeps the last one.
 class IJsonModel {
 public:
@@ -13,5 +15,7 @@ public:
 protected:
     ~IJsonModel() = default;
 
+    // Models are read on any pool thread.
+    std::mutex m_dataModelLock;
     QJsonObject m_dataModel;
 };

@@ -1,21 +1,174 @@
 #include "RfCoreCalDataOperation.h"
 
+#include <QJsonDocument>
+
+#include "PoolRun.h"
+
+namespace {
+
+QJsonObject Parse(const std::string &model) { return QJsonDocument::fromJson(QByteArray::fromStdString(model)).object(); }
+
+} // namespace
+
 IRfCoreCalDataOperation::IRfCoreCalDataOperation(QObject *parent) : QObject(parent) {}
 
 IRfCoreCalDataOperation::~IRfCoreCalDataOperation() = default;
 
-QString IRfCoreCalDataOperation::GetErrorMessage() { return m_errorMessage; }
-
-void IRfCoreCalDataOperation::ResetItemResults()
+void IRfCoreCalDataOperation::AddCalItem(std::unique_ptr<CCalItemDescriptor> item)
 {
-    m_isAllSuccess = true;
-    m_itemResults.clear();
-    m_errorMessage.clear();
+    m_calItemMap.insert(item->Name(), item->Id());
+    m_calItems.push_back(std::move(item));
 }
 
-void IRfCoreCalDataOperation::AddItemResult(QString name, int code, QString message)
+CCalItemDescriptor *IRfCoreCalDataOperation::CalItem(const QString &name) const
 {
-    m_itemResults.append(SEachItemOperationResult{name, code, message});
+    const int id = CalItemId(name);
+    for (const auto &item : m_calItems) {
+        if (item->Id() == id)
+            return item.get();
+    }
+    return nullptr;
 }
 
-SEachItemOperationResult IRfCoreCalDataOperation::GetItemResult(int index) { return m_itemResults.value(index); }
+QString IRfCoreCalDataOperation::GetErrorMessage()
+{
+    std::lock_guard<std::mutex> lock(m_stateLock);
+    return m_errorMessage;
+}
+
+void IRfCoreCalDataOperation::SetErrorMessage(const QString &message)
+{
+    std::lock_guard<std::mutex> lock(m_stateLock);
+    m_errorMessage = message;
+}
+
+// ---- What a target and a file offer ------------------------------------------
+
+QStringList IRfCoreCalDataOperation::GetSupportItem()
+{
+    if (!IsTargetServed())
+        return {};
+    QStringList items;
+    for (const auto &item : m_calItems) {
+        if (item->IsSupported())
+            items << item->Name();
+    }
+    return items;
+}
+
+QStringList IRfCoreCalDataOperation::GetSupportItemFromFile(TIniFile *file)
+{
+    if (!IsTargetServed())
+        return {};
+    QStringList items;
+    for (const auto &item : m_calItems) {
+        if (item->IsSupported() && file && item->IsInFile(file))
+            items << item->Name();
+    }
+    return items;
+}
+
+// ---- Movements -----------------------------------------------------------------
+
+void IRfCoreCalDataOperation::UploadFromFlash(QStringList items)
+{
+    StartMovement(ECalDataMovement::UploadFromFlash, nullptr, std::move(items));
+}
+
+void IRfCoreCalDataOperation::DownloadToFlash(QStringList items)
+{
+    StartMovement(ECalDataMovement::DownloadToFlash, nullptr, std::move(items));
+}
+
+void IRfCoreCalDataOperation::LoadFromFile(TIniFile *file, QStringList items)
+{
+    StartMovement(ECalDataMovement::LoadFromFile, file, std::move(items));
+}
+
+void IRfCoreCalDataOperation::SaveToFile(TIniFile *file, QStringList items)
+{
+    StartMovement(ECalDataMovement::SaveToFile, file, std::move(items));
+}
+
+void IRfCoreCalDataOperation::StartMovement(ECalDataMovement movement, TIniFile *file, QStringList items)
+{
+    SCalDataRun run;
+    run.movement = movement;
+    run.m_operateItems = std::move(items);
+    run.m_calFile = file;
+    using Internal = void (IRfCoreCalDataOperation::*)(SCalDataRun);
+    Internal internal = nullptr;
+    switch (movement) {
+    case ECalDataMovement::UploadFromFlash:
+        internal = &IRfCoreCalDataOperation::UploadFromFlashInternal;
+        break;
+    case ECalDataMovement::DownloadToFlash:
+        internal = &IRfCoreCalDataOperation::DownloadToFlashInternal;
+        break;
+    case ECalDataMovement::LoadFromFile:
+        internal = &IRfCoreCalDataOperation::LoadFromFileInternal;
+        break;
+    case ECalDataMovement::SaveToFile:
+        internal = &IRfCoreCalDataOperation::SaveToFileInternal;
+        break;
+    }
+    RunInPool(this, internal, std::move(run));
+}
+
+void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
+{
+    run.ResetItemResults();
+    // Whatever escapes from an item ends the pass with the results so far.
+    try {
+        for (int i = 0; i < run.m_operateItems.size(); ++i) {
+            if (i == 0)
+                emit Signal_FinishItemCount(0, SEachItemOperationResult());
+            const QString &name = run.m_operateItems.at(i);
+            run.m_errorMessage.clear();
+            int code = ERROR_CODE_NOT_EXECUTED;
+            if (CCalItemDescriptor *item = CalItem(name))
+                code = item->Move(run.movement, run.m_calFile, run.m_errorMessage);
+            if (code != ERROR_CODE_SUCCESS)
+                run.m_isAllSuccess = false;
+            run.AddItemResult(name, code, run.m_errorMessage);
+            emit Signal_FinishItemCount(i + 1, run.GetItemResult(i));
+        }
+    } catch (...) {
+    }
+    SetErrorMessage(run.m_errorMessage);
+
+    switch (run.movement) {
+    case ECalDataMovement::UploadFromFlash:
+        emit Signal_UploadFromFlashDone(run.m_isAllSuccess, run.m_itemResults);
+        break;
+    case ECalDataMovement::DownloadToFlash:
+        emit Signal_DownloadToFlashDone(run.m_isAllSuccess, run.m_itemResults);
+        break;
+    case ECalDataMovement::LoadFromFile:
+        emit Signal_LoadFromFileDone(run.m_isAllSuccess, run.m_itemResults);
+        break;
+    case ECalDataMovement::SaveToFile:
+        emit Signal_SaveToFileDone(run.m_isAllSuccess, run.m_itemResults);
+        break;
+    }
+}
+
+// ---- Exchange with pages -----------------------------------------------------------
+
+void IRfCoreCalDataOperation::SetCalibrationData(const QString &item, const std::string &model)
+{
+    if (CCalItemDescriptor *descriptor = CalItem(item))
+        descriptor->SetCalibrationData(Parse(model));
+}
+
+std::string IRfCoreCalDataOperation::GetCalibrationData(const QString &item, const std::string &model)
+{
+    CCalItemDescriptor *descriptor = CalItem(item);
+    return descriptor ? descriptor->GetCalibrationData(Parse(model)) : model;
+}
+
+SCalDataRoute IRfCoreCalDataOperation::CalDataRoute(const QString &item)
+{
+    CCalItemDescriptor *descriptor = CalItem(item);
+    return descriptor ? descriptor->Route(this) : SCalDataRoute{this, item};
+}

@@ -1,10 +1,17 @@
 #pragma once
 
-#include <QFuture>
+#include <QMap>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
 
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "CalDataRun.h"
+#include "CalItemDescriptor.h"
 #include "Capability/FddRfCapability.h"
 #include "Capability/GsmRfCapability.h"
 #include "Capability/LteRfCapability.h"
@@ -18,29 +25,50 @@ class TIniFile;
 
 // The calibration data face shared by the controllers: the four movements
 // of calibration data between target, tool and Cal/INI file, each started
-// by a call that returns at once and ended by its done signal.
+// by a call that returns at once and ended by its done signal, and the
+// exchange of an item's data with a page's model.
+//
+// A controller adds its items as descriptors (AddCalItem); the movements
+// and the exchange serve every item the same way. Each movement carries its
+// own state (SCalDataRun) from its start to its done signal, so movements on
+// different threads share nothing but the items they move; the items
+// themselves are moved by one movement at a time, as the pages keep to.
 class IRfCoreCalDataOperation : public QObject {
     Q_OBJECT
 public:
     explicit IRfCoreCalDataOperation(QObject *parent = nullptr);
     ~IRfCoreCalDataOperation() override;
 
-    virtual void UploadFromFlashInternal() = 0;
-    virtual void SaveToFileInternal() = 0;
-    virtual void LoadFromFileInternal() = 0;
-    virtual void DownloadToFlashInternal() = 0;
-    virtual QStringList GetSupportItem() = 0;
-    virtual QStringList GetSupportItemFromFile(TIniFile *file) = 0;
-    virtual void UploadFromFlash(QStringList items) = 0;
-    virtual void DownloadToFlash(QStringList items) = 0;
-    virtual void LoadFromFile(TIniFile *file, QStringList items) = 0;
-    virtual void SaveToFile(TIniFile *file, QStringList items) = 0;
+    // The movements, each on a pool thread; the run holds its items and file.
+    virtual void UploadFromFlashInternal(SCalDataRun run) = 0;
+    virtual void SaveToFileInternal(SCalDataRun run) = 0;
+    virtual void LoadFromFileInternal(SCalDataRun run) = 0;
+    virtual void DownloadToFlashInternal(SCalDataRun run) = 0;
+    // The items the target offers, and those of them `file` holds.
+    virtual QStringList GetSupportItem();
+    virtual QStringList GetSupportItemFromFile(TIniFile *file);
+    // Start a movement of `items` and return at once. `file` stays the caller's.
+    virtual void UploadFromFlash(QStringList items);
+    virtual void DownloadToFlash(QStringList items);
+    virtual void LoadFromFile(TIniFile *file, QStringList items);
+    virtual void SaveToFile(TIniFile *file, QStringList items);
+    // The text of the last failure of any run.
     virtual QString GetErrorMessage();
     virtual void ResetCapability() = 0;
     virtual SRatSupportStatus GetRatSupportStatus() = 0;
-    virtual void ResetItemResults();
-    virtual void AddItemResult(QString name, int code, QString message);
-    virtual SEachItemOperationResult GetItemResult(int index);
+
+    // The band data of `item` between a page's model and the item: the page's
+    // values into the item, the item's values into the model (as compact JSON
+    // text). Called on the user interface thread while no movement runs.
+    void SetCalibrationData(const QString &item, const std::string &model);
+    std::string GetCalibrationData(const QString &item, const std::string &model);
+    // Which controller moves `item` on the connected target, and its name there.
+    SCalDataRoute CalDataRoute(const QString &item);
+
+    // Adds an item to those this controller moves.
+    void AddCalItem(std::unique_ptr<CCalItemDescriptor> item);
+    // The id of an item's name; a name the controller does not know gives 0.
+    int CalItemId(const QString &name) const { return m_calItemMap.value(name, 0); }
 
 signals:
     void Signal_FinishItemCount(int itemFinshCount, SEachItemOperationResult itemResult);
@@ -50,17 +78,32 @@ signals:
     void Signal_LoadFromFileDone(bool isAllSuccess, QVector<SEachItemOperationResult> itemResult);
 
 protected:
+    // Whether the controller serves the target at all; the item lists of a
+    // target it does not serve are empty.
+    virtual bool IsTargetServed() = 0;
+
+    // The item of `name`: the one of id 0 for a name the controller does not
+    // know; null when the controller has no such item either.
+    CCalItemDescriptor *CalItem(const QString &name) const;
+    // One pass of a movement over the run's items: every item moves and gets
+    // its result, whatever the others gave; then the movement's done signal.
+    void RunMovement(SCalDataRun &run);
+    void SetErrorMessage(const QString &message);
+
+    // Guards what runs on any thread write: the last RAT status and the last failure text.
+    mutable std::mutex m_stateLock;
     SRatSupportStatus m_ratStatus;
-    QFuture<void> m_future;
     CGsmRfCapability m_gsmCapObj;
     CMmrfCapability m_mmrfCapObj;
     CLteRfCapability m_lteCapObj;
     CTdscdmaCapability m_tdscdmaCapObj;
     CFddRfCapability m_fddCapObj;
     CTavoTargetAccess m_targetAccess;
-    QStringList m_operateItems;
+    QMap<QString, int> m_calItemMap;
+
+private:
+    void StartMovement(ECalDataMovement movement, TIniFile *file, QStringList items);
+
+    std::vector<std::unique_ptr<CCalItemDescriptor>> m_calItems;
     QString m_errorMessage;
-    TIniFile *m_calFile = nullptr;
-    QVector<SEachItemOperationResult> m_itemResults;
-    bool m_isAllSuccess = true;
 };

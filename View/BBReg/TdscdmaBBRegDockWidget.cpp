@@ -2,7 +2,10 @@
 
 #include <QJsonDocument>
 
+#include "PageRegistration.h"
 #include "ui_TdscdmaBBRegDockWidget.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaBBRegDockWidget)
 
 CTdscdmaBBRegDockWidget::CTdscdmaBBRegDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_ui(new Ui::CTdscdmaBBRegDockWidget)

@@ -2,8 +2,11 @@
 
 #include <QDebug>
 
+#include "PageRegistration.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaContRxDockWidget.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaContRxDockWidget)
 
 CTdscdmaContRxDockWidget::CTdscdmaContRxDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this)),

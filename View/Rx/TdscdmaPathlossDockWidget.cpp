@@ -2,7 +2,10 @@
 
 #include <QCoreApplication>
 
+#include "PageRegistration.h"
 #include "TdscdmaRadbenchCore.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaPathlossDockWidget)
 
 CTdscdmaPathlossDockWidget::CTdscdmaPathlossDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))

@@ -3,8 +3,11 @@
 #include <QDebug>
 #include <QJsonDocument>
 
+#include "PageRegistration.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaRssiDockWidget.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaRssiDockWidget)
 
 CTdscdmaRssiDockWidget::CTdscdmaRssiDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this)),

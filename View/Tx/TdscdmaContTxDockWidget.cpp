@@ -2,8 +2,11 @@
 
 #include <QDebug>
 
+#include "PageRegistration.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaContTxDockWidget.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaContTxDockWidget)
 
 CTdscdmaContTxDockWidget::CTdscdmaContTxDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this)),

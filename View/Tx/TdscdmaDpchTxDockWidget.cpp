@@ -2,8 +2,11 @@
 
 #include <QDebug>
 
+#include "PageRegistration.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaDpchTxDockWidget.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaDpchTxDockWidget)
 
 CTdscdmaDpchTxDockWidget::CTdscdmaDpchTxDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this)),

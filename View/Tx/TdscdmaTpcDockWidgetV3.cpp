@@ -2,7 +2,10 @@
 
 #include <QCoreApplication>
 
+#include "PageRegistration.h"
 #include "TdscdmaRadbenchCore.h"
+
+RADBENCH_REGISTER_PAGE(CTdscdmaTpcDockWidgetV3)
 
 CTdscdmaTpcDockWidgetV3::CTdscdmaTpcDockWidgetV3(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))

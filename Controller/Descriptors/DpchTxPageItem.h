@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Interface/PageItemDescriptor.h"
+#include "Items/TdscdmaDpchTx.h"
+#include "TdscdmaCoreCmdBuilder.h"
+
+// "Dpch TX": DPCH transmission with the carrier and time slots of the
+// request, until the common stop.
+class CDpchTxPageItem : public CPageItemDescriptor {
+public:
+    CDpchTxPageItem();
+
+    void Test(STestRun &run) override;
+
+private:
+    CTdscdmaDpchTx m_dpchTxObj;
+    CTdscdmaCoreCmdBuilder m_cmdBuilder;
+};

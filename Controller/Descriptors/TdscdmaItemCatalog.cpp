@@ -1,0 +1,63 @@
+#include "TdscdmaItemCatalog.h"
+
+#include "Capability/MmrfCapability.h"
+#include "ContRxPageItem.h"
+#include "ContTxPageItem.h"
+#include "DpchTxPageItem.h"
+#include "ItemInfo.h"
+#include "PathlossPageItem.h"
+#include "RssiPageItem.h"
+#include "TadcCalItem.h"
+#include "TadcPageItem.h"
+#include "TpcCalItem.h"
+#include "TpcPageItem.h"
+
+namespace {
+
+// A calibration item whose data no object of the tool moves yet.
+std::unique_ptr<CCalItemDescriptor> Pending(int id, std::function<bool(CMmrfCapability &)> isSupported = {})
+{
+    std::function<bool()> supported;
+    if (isSupported)
+        supported = [isSupported] {
+            CMmrfCapability capability;
+            return isSupported(capability);
+        };
+    return std::make_unique<CCalItemDescriptor>(id, CalItemInfo(id).name, std::move(supported));
+}
+
+std::unique_ptr<CPageItemDescriptor> Page(int id, const char *pageClass, SPageModel model)
+{
+    return std::make_unique<CPageItemDescriptor>(id, GetPageItemName(id), pageClass, std::move(model));
+}
+
+} // namespace
+
+STdscdmaItemCatalog STdscdmaItemCatalog::Create()
+{
+    auto tpc = std::make_unique<CTpcCalItem>();
+    auto tadc = std::make_unique<CTadcCalItem>();
+    CTdscdmaTpc &tpcObj = tpc->TpcObj();
+    CTdscdmaTadc &tadcObj = tadc->TadcObj();
+
+    STdscdmaItemCatalog catalog;
+    catalog.calItems.push_back(Pending(CAL_ITEM_AFC, [](CMmrfCapability &mmrf) { return !mmrf.IsAfcByL1(); }));
+    catalog.calItems.push_back(Pending(CAL_ITEM_RX_PATH_LOSS));
+    catalog.calItems.push_back(std::move(tpc));
+    catalog.calItems.push_back(std::move(tadc));
+    catalog.calItems.push_back(
+        Pending(CAL_ITEM_SELF_CAL, [](CMmrfCapability &mmrf) { return mmrf.IsSelfCalSupported(1); }));
+
+    catalog.pageItems.push_back(Page(PAGE_ITEM_AFC_CONTROL, "CTdscdmaAfcDockWidget",
+                                     SPageModel::ForTestPage(":/TdscdmaAfc.json", true)));
+    catalog.pageItems.push_back(std::make_unique<CTadcPageItem>(tadcObj));
+    catalog.pageItems.push_back(std::make_unique<CRssiPageItem>());
+    catalog.pageItems.push_back(std::make_unique<CPathlossPageItem>());
+    catalog.pageItems.push_back(std::make_unique<CContRxPageItem>());
+    catalog.pageItems.push_back(std::make_unique<CContTxPageItem>());
+    catalog.pageItems.push_back(std::make_unique<CDpchTxPageItem>());
+    catalog.pageItems.push_back(
+        Page(PAGE_ITEM_BB_REGISTER, "CTdscdmaBBRegDockWidget", SPageModel::WithoutBands(":/TdscdmaBBReg.json")));
+    catalog.pageItems.push_back(std::make_unique<CTpcPageItem>(tpcObj));
+    return catalog;
+}

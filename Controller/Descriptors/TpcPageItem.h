@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Capability/TdscdmaCapability.h"
+#include "Interface/PageItemDescriptor.h"
+
+class CTdscdmaTpc;
+
+// "Tpc": the TPC page of the target's record generation, the V3 page on
+// structure version 2. It has no test.
+class CTpcPageItem : public CPageItemDescriptor {
+public:
+    // `tpc` tells which fields the generation without structure version has.
+    explicit CTpcPageItem(CTdscdmaTpc &tpc);
+
+    QString PageClass() override;
+    SPageModel Model() override;
+
+private:
+    bool IsVersion2() { return m_capability.GetNvramVerNum() == 2; }
+
+    CTdscdmaTpc &m_tpcObj;
+    CTdscdmaCapability m_capability;
+};
