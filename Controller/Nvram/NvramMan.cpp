@@ -54,18 +54,16 @@ TAVO_RESULT CNvramMan::TransferBatch(EDirection direction, int count, const char
 }
 
 // The modem is asked for every record: nothing keeps the connection from
-// turning to another modem between two records.
+// turning to another modem between two records. A connection that cannot
+// name its modem's service is not taken for a C2K one.
 TAVO_RESULT CNvramMan::TransferRecord(EDirection direction, const char *lid, uint16_t record, uint32_t size,
                                       uint8_t *buffer)
 {
     const int handle = m_targetAccess.GetHandle();
     int index = 0;
     int service = TAVO_MD_SRV_NONE;
-    TAVO_RESULT result = TavoConn_GetMdActiveIdx(handle, &index);
-    if (result == TAVO_OK)
-        result = TavoConn_GetMdSrv(handle, index, &service);
-    if (result != TAVO_OK)
-        return result;
+    if (TavoConn_GetMdActiveIdx(handle, &index) != TAVO_OK || TavoConn_GetMdSrv(handle, index, &service) != TAVO_OK)
+        service = TAVO_MD_SRV_NONE;
 
     if (service == TAVO_MD_SRV_C2K) {
         return direction == EDirection::Read ? TAVO_C2K_NVRAM_Read_r(handle, kTimeoutMs, lid, record, buffer, size)

@@ -71,24 +71,31 @@ private slots:
         QTest::addColumn<bool>("write");
         QTest::addColumn<int>("failAt"); // index of the record whose call fails; -1: none
         QTest::addColumn<int>("result");
-        QTest::newRow("read") << "default" << false << -1 << 0;
-        QTest::newRow("write") << "default" << true << -1 << 0;
-        QTest::newRow("read fails on the second") << "default" << false << 1 << int(TAVO_ERR_TIMEOUT);
-        QTest::newRow("write fails on the second") << "default" << true << 1 << int(TAVO_ERR_LID_NOT_FOUND);
-        QTest::newRow("write fails on the last") << "default" << true << 2 << int(TAVO_ERR_FAILED);
-        QTest::newRow("C2K read") << "c2k-modem" << false << -1 << 0;
-        QTest::newRow("C2K write fails on the first") << "c2k-modem" << true << 0 << int(TAVO_ERR_FAILED);
+        QTest::addColumn<QString>("modemQuery"); // fails on every record
+        QTest::newRow("read") << "default" << false << -1 << 0 << "";
+        QTest::newRow("write") << "default" << true << -1 << 0 << "";
+        QTest::newRow("read fails on the second") << "default" << false << 1 << int(TAVO_ERR_TIMEOUT) << "";
+        QTest::newRow("write fails on the second") << "default" << true << 1 << int(TAVO_ERR_LID_NOT_FOUND) << "";
+        QTest::newRow("write fails on the last") << "default" << true << 2 << int(TAVO_ERR_FAILED) << "";
+        QTest::newRow("C2K read") << "c2k-modem" << false << -1 << 0 << "";
+        QTest::newRow("C2K write fails on the first") << "c2k-modem" << true << 0 << int(TAVO_ERR_FAILED) << "";
+        QTest::newRow("read, modem unknown") << "default" << false << -1 << 0 << "TavoConn_GetMdActiveIdx";
+        QTest::newRow("write, service unknown") << "default" << true << -1 << 0 << "TavoConn_GetMdSrv";
     }
     // The records before a failure are done, the failing one and those after it
-    // are untouched, and the result and the done signal carry the failure.
+    // are untouched, and the result and the done signal carry the failure. A
+    // connection that cannot tell its modem goes on with the plain commands.
     void batch()
     {
         QFETCH(QString, profile);
         QFETCH(bool, write);
         QFETCH(int, failAt);
         QFETCH(int, result);
+        QFETCH(QString, modemQuery);
         SimScope sim(profile);
         QVERIFY(sim.IsLoaded());
+        if (!modemQuery.isEmpty())
+            TavoSim::FailAlways(modemQuery);
         const bool c2k = profile == "c2k-modem";
         const QString transport = QString(c2k ? "TAVO_C2K_NVRAM_%1_r" : "TAVO_NVRAM_%1_r").arg(write ? "Write" : "Read");
         if (failAt >= 0)
