@@ -49,7 +49,7 @@ CTdscdmaCore::CTdscdmaCore()
 CTdscdmaCore::~CTdscdmaCore()
 {
     // Page items refer to objects of calibration items: they go first.
-    m_pageItems.clear();
+    m_pageItemMap.Clear();
 }
 
 void CTdscdmaCore::CreateItems()
@@ -61,36 +61,17 @@ void CTdscdmaCore::CreateItems()
         AddPageItem(std::move(item));
 }
 
-QString CTdscdmaCore::GetCalItemName(int id) { return CalItemInfo(id).name; }
-
-std::unique_ptr<CPageItemDescriptor> CTdscdmaCore::AddPageItem(std::unique_ptr<CPageItemDescriptor> item)
+QString CTdscdmaCore::GetCalItemName(int id)
 {
-    std::unique_ptr<CPageItemDescriptor> replaced = TakePageItem(item->Id());
-    m_pageItemMap.insert(item->Name(), item->Id());
-    m_pageItems.push_back(std::move(item));
-    return replaced;
+    if (const CCalItemDescriptor *item = m_calItemMap.ById(id))
+        return item->Name();
+    return id >= 0 && id <= CAL_ITEM_END ? CalItemInfo(id).name : QString();
 }
 
-std::unique_ptr<CPageItemDescriptor> CTdscdmaCore::TakePageItem(int id)
+QString CTdscdmaCore::GetPageItemName(int id) const
 {
-    const auto found = std::find_if(m_pageItems.begin(), m_pageItems.end(),
-                                    [id](const std::unique_ptr<CPageItemDescriptor> &item) { return item->Id() == id; });
-    if (found == m_pageItems.end())
-        return nullptr;
-    std::unique_ptr<CPageItemDescriptor> taken = std::move(*found);
-    m_pageItems.erase(found);
-    m_pageItemMap.remove(taken->Name());
-    return taken;
-}
-
-CPageItemDescriptor *CTdscdmaCore::PageItem(const QString &name) const
-{
-    const int id = PageItemId(name);
-    for (const auto &item : m_pageItems) {
-        if (item->Id() == id)
-            return item.get();
-    }
-    return nullptr;
+    const CPageItemDescriptor *item = m_pageItemMap.ById(id);
+    return item ? item->Name() : QString();
 }
 
 // ---- Target status ---------------------------------------------------------
@@ -195,7 +176,7 @@ bool CTdscdmaCore::IsNeedDb()
 QStringList CTdscdmaCore::GetInitPageList()
 {
     QStringList pages;
-    for (const auto &item : m_pageItems) {
+    for (const auto &item : m_pageItemMap.Items()) {
         const QString page = item->PageClass();
         if (!page.isEmpty())
             pages << page;
@@ -228,7 +209,7 @@ void CTdscdmaCore::SetUbinInternal(bool enable)
 std::string CTdscdmaCore::GetDataModel(QString pageName)
 {
     try {
-        CPageItemDescriptor *page = PageItem(pageName);
+        CPageItemDescriptor *page = m_pageItemMap.ByName(pageName);
         const SPageModel fit = page ? page->Model() : SPageModel();
         QFile file(fit.resource);
         QJsonObject model;
@@ -260,7 +241,7 @@ void CTdscdmaCore::TestInternal(QString item, std::string request)
     run.item = item;
     run.request = Parse(request);
     try {
-        if (CPageItemDescriptor *page = PageItem(item))
+        if (CPageItemDescriptor *page = m_pageItemMap.ByName(item))
             page->Test(run);
     } catch (...) {
     }
@@ -283,7 +264,7 @@ void CTdscdmaCore::TestStopInternal(QString item, std::string request)
     run.request = Parse(request);
     try {
         // An empty item, and every item without a stop of its own, takes the common stop.
-        CPageItemDescriptor *page = item.isEmpty() ? nullptr : PageItem(item);
+        CPageItemDescriptor *page = item.isEmpty() ? nullptr : m_pageItemMap.ByName(item);
         if (!page || !page->Stop(run)) {
             run.code = m_testStopObj.Stop();
             run.errorMessage = m_testStopObj.GetErrorMessage();

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QMap>
-
 #include <memory>
-#include <vector>
 
 #include "Interface/CoreInterface.h"
 #include "ItemInfo.h"
@@ -46,6 +43,7 @@ public:
     SRatSupportStatus GetRatSupportStatus() override;
 
     virtual void CreateItems();
+    // The name of the calibration item of `id`, or of the row of the item table.
     virtual QString GetCalItemName(int id);
     virtual void TestStopByItem(QString item, std::string request);
 
@@ -70,12 +68,18 @@ public:
     void SetAfcCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_AFC), model); }
     std::string GetAfcCalibrationData(std::string model) { return GetCalibrationData(GetCalItemName(CAL_ITEM_AFC), model); }
 
-    // Adds a page item; a page item of the same id leaves (and is given back).
-    std::unique_ptr<CPageItemDescriptor> AddPageItem(std::unique_ptr<CPageItemDescriptor> item);
+    // Adds a page item after the others (its page comes last in the page
+    // list); a page item of the same id leaves (and is given back).
+    std::unique_ptr<CPageItemDescriptor> AddPageItem(std::unique_ptr<CPageItemDescriptor> item)
+    {
+        return m_pageItemMap.Add(std::move(item));
+    }
     // Takes the page item of `id` away, if there is one.
-    std::unique_ptr<CPageItemDescriptor> TakePageItem(int id);
+    std::unique_ptr<CPageItemDescriptor> TakePageItem(int id) { return m_pageItemMap.Take(id); }
     // The id of a page item's name; a name the controller does not know gives 0.
-    int PageItemId(const QString &name) const { return m_pageItemMap.value(name, 0); }
+    int PageItemId(const QString &name) const { return m_pageItemMap.IdOf(name); }
+    // The name of the page item of `id`; empty when there is none.
+    QString GetPageItemName(int id) const;
 
 signals:
     void Signal_TestDone(SEachItemOperationResult itemResult, std::string resultModel);
@@ -97,12 +101,8 @@ private:
     void RegReadInternal(std::string request);
     void RegWriteInternal(std::string request);
 
-    // The page item of a name: that of id 0 for a name the controller does
-    // not know; null when there is none either.
-    CPageItemDescriptor *PageItem(const QString &name) const;
-
-    QMap<QString, int> m_pageItemMap;
-    std::vector<std::unique_ptr<CPageItemDescriptor>> m_pageItems;
+    // The controller's page items by name and id, in the order of the page list.
+    CItemRegistry<CPageItemDescriptor> m_pageItemMap;
     CTdscdmaUbinMode m_ubinObj;
     CTdscdmaTestStop m_testStopObj;
     CTdscdmaRfInit m_rfInitObj;

@@ -76,7 +76,8 @@ void CTdscdmaRadbenchCore::FetchModel(int pageItem, ModelSignal done)
 
 void CTdscdmaRadbenchCore::GetDataModelInternal(int pageItem, ModelSignal done)
 {
-    const std::string model = CTdscdmaCore::GetInstance()->GetDataModel(GetPageItemName(pageItem));
+    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+    const std::string model = core->GetDataModel(core->GetPageItemName(pageItem));
     emit Signal_GetDataModelDone(model, pageItem);
     if (done)
         emit(this->*done)(model);
@@ -136,7 +137,7 @@ void CTdscdmaRadbenchCore::TestInternal(int pageItem, std::string model, Reply r
                     if (reply)
                         reply(result, resultModel);
                 });
-    core->TestStart(GetPageItemName(pageItem), model);
+    core->TestStart(core->GetPageItemName(pageItem), model);
 }
 
 void CTdscdmaRadbenchCore::ContTxTest(std::string model)
@@ -173,12 +174,14 @@ void CTdscdmaRadbenchCore::AfcTest(std::string model)
 
 void CTdscdmaRadbenchCore::ContTxTestStop(std::string model)
 {
-    Run(&CTdscdmaRadbenchCore::TestStopInternal, GetPageItemName(PAGE_ITEM_CONT_TX), model);
+    Run(&CTdscdmaRadbenchCore::TestStopInternal, CTdscdmaCore::GetInstance()->GetPageItemName(PAGE_ITEM_CONT_TX),
+        model);
 }
 
 void CTdscdmaRadbenchCore::ContRxTestStop(std::string model)
 {
-    Run(&CTdscdmaRadbenchCore::TestStopInternal, GetPageItemName(PAGE_ITEM_CONT_RX), model);
+    Run(&CTdscdmaRadbenchCore::TestStopInternal, CTdscdmaCore::GetInstance()->GetPageItemName(PAGE_ITEM_CONT_RX),
+        model);
 }
 
 void CTdscdmaRadbenchCore::TestStop() { Run(&CTdscdmaRadbenchCore::TestStopInternal, QString(), std::string()); }

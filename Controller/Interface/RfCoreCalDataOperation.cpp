@@ -14,22 +14,6 @@ IRfCoreCalDataOperation::IRfCoreCalDataOperation(QObject *parent) : QObject(pare
 
 IRfCoreCalDataOperation::~IRfCoreCalDataOperation() = default;
 
-void IRfCoreCalDataOperation::AddCalItem(std::unique_ptr<CCalItemDescriptor> item)
-{
-    m_calItemMap.insert(item->Name(), item->Id());
-    m_calItems.push_back(std::move(item));
-}
-
-CCalItemDescriptor *IRfCoreCalDataOperation::CalItem(const QString &name) const
-{
-    const int id = CalItemId(name);
-    for (const auto &item : m_calItems) {
-        if (item->Id() == id)
-            return item.get();
-    }
-    return nullptr;
-}
-
 QString IRfCoreCalDataOperation::GetErrorMessage()
 {
     std::lock_guard<std::mutex> lock(m_stateLock);
@@ -49,7 +33,7 @@ QStringList IRfCoreCalDataOperation::GetSupportItem()
     if (!IsTargetServed())
         return {};
     QStringList items;
-    for (const auto &item : m_calItems) {
+    for (const auto &item : m_calItemMap.Items()) {
         if (item->IsSupported())
             items << item->Name();
     }
@@ -61,7 +45,7 @@ QStringList IRfCoreCalDataOperation::GetSupportItemFromFile(TIniFile *file)
     if (!IsTargetServed())
         return {};
     QStringList items;
-    for (const auto &item : m_calItems) {
+    for (const auto &item : m_calItemMap.Items()) {
         if (item->IsSupported() && file && item->IsInFile(file))
             items << item->Name();
     }
@@ -126,7 +110,7 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
             const QString &name = run.m_operateItems.at(i);
             run.m_errorMessage.clear();
             int code = ERROR_CODE_NOT_EXECUTED;
-            if (CCalItemDescriptor *item = CalItem(name))
+            if (CCalItemDescriptor *item = m_calItemMap.ByName(name))
                 code = item->Move(run.movement, run.m_calFile, run.m_errorMessage);
             if (code != ERROR_CODE_SUCCESS)
                 run.m_isAllSuccess = false;
@@ -157,18 +141,18 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
 
 void IRfCoreCalDataOperation::SetCalibrationData(const QString &item, const std::string &model)
 {
-    if (CCalItemDescriptor *descriptor = CalItem(item))
+    if (CCalItemDescriptor *descriptor = m_calItemMap.ByName(item))
         descriptor->SetCalibrationData(Parse(model));
 }
 
 std::string IRfCoreCalDataOperation::GetCalibrationData(const QString &item, const std::string &model)
 {
-    CCalItemDescriptor *descriptor = CalItem(item);
+    CCalItemDescriptor *descriptor = m_calItemMap.ByName(item);
     return descriptor ? descriptor->GetCalibrationData(Parse(model)) : model;
 }
 
 SCalDataRoute IRfCoreCalDataOperation::CalDataRoute(const QString &item)
 {
-    CCalItemDescriptor *descriptor = CalItem(item);
+    CCalItemDescriptor *descriptor = m_calItemMap.ByName(item);
     return descriptor ? descriptor->Route(this) : SCalDataRoute{this, item};
 }

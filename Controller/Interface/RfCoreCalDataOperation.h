@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMap>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
@@ -8,10 +7,10 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <vector>
 
 #include "CalDataRun.h"
 #include "CalItemDescriptor.h"
+#include "ItemRegistry.h"
 #include "Capability/FddRfCapability.h"
 #include "Capability/GsmRfCapability.h"
 #include "Capability/LteRfCapability.h"
@@ -65,10 +64,16 @@ public:
     // Which controller moves `item` on the connected target, and its name there.
     SCalDataRoute CalDataRoute(const QString &item);
 
-    // Adds an item to those this controller moves.
-    void AddCalItem(std::unique_ptr<CCalItemDescriptor> item);
+    // Adds an item to those this controller moves, after the others; an item
+    // of the same id leaves (and is given back).
+    std::unique_ptr<CCalItemDescriptor> AddCalItem(std::unique_ptr<CCalItemDescriptor> item)
+    {
+        return m_calItemMap.Add(std::move(item));
+    }
+    // Takes the item of `id` away, if there is one.
+    std::unique_ptr<CCalItemDescriptor> TakeCalItem(int id) { return m_calItemMap.Take(id); }
     // The id of an item's name; a name the controller does not know gives 0.
-    int CalItemId(const QString &name) const { return m_calItemMap.value(name, 0); }
+    int CalItemId(const QString &name) const { return m_calItemMap.IdOf(name); }
 
 signals:
     void Signal_FinishItemCount(int itemFinshCount, SEachItemOperationResult itemResult);
@@ -82,9 +87,6 @@ protected:
     // target it does not serve are empty.
     virtual bool IsTargetServed() = 0;
 
-    // The item of `name`: the one of id 0 for a name the controller does not
-    // know; null when the controller has no such item either.
-    CCalItemDescriptor *CalItem(const QString &name) const;
     // One pass of a movement over the run's items: every item moves and gets
     // its result, whatever the others gave; then the movement's done signal.
     void RunMovement(SCalDataRun &run);
@@ -99,11 +101,11 @@ protected:
     CTdscdmaCapability m_tdscdmaCapObj;
     CFddRfCapability m_fddCapObj;
     CTavoTargetAccess m_targetAccess;
-    QMap<QString, int> m_calItemMap;
+    // The controller's calibration items by name and id.
+    CItemRegistry<CCalItemDescriptor> m_calItemMap;
 
 private:
     void StartMovement(ECalDataMovement movement, TIniFile *file, QStringList items);
 
-    std::vector<std::unique_ptr<CCalItemDescriptor>> m_calItems;
     QString m_errorMessage;
 };
