@@ -9,7 +9,11 @@
 #include "TIniFile.h"
 #include "TdscdmaCore.h"
 
-CTdscdmaRadbenchCore::CTdscdmaRadbenchCore(QObject *parent) : QObject(parent) {}
+CTdscdmaRadbenchCore::CTdscdmaRadbenchCore(QObject *parent) : QObject(parent)
+{
+    static const int registered = qRegisterMetaType<ECalDataMovement>("ECalDataMovement");
+    Q_UNUSED(registered);
+}
 
 template <typename Function, typename... Args>
 void CTdscdmaRadbenchCore::Run(Function internal, Args... args)

@@ -1,7 +1,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QScopeGuard>
+#include <QTemporaryDir>
 #include <QtTest>
 
+#include "FakeItems.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
 
@@ -16,6 +19,32 @@ bool LoadPatched(const QString &profile, const QJsonObject &patch)
 }
 
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
+
+// What a movement of the controller told, in the order it told it.
+struct SMovementLog {
+    QList<int> progress;
+    QStringList done; // the done signals, by movement
+    bool isAllSuccess = false;
+    QStringList results; // "name:code:message"
+
+    void Listen(CTdscdmaCore *core, QObject *receiver)
+    {
+        QObject::connect(core, &IRfCoreCalDataOperation::Signal_FinishItemCount, receiver,
+                         [this](int count, SEachItemOperationResult) { progress << count; });
+        const auto onDone = [this, core, receiver](auto signal, const char *name) {
+            QObject::connect(core, signal, receiver, [this, name](bool all, QVector<SEachItemOperationResult> items) {
+                done << name;
+                isAllSuccess = all;
+                for (const SEachItemOperationResult &item : items)
+                    results << QString("%1:%2:%3").arg(item.itemName).arg(item.errorCode).arg(item.errorMessage);
+            });
+        };
+        onDone(&IRfCoreCalDataOperation::Signal_UploadFromFlashDone, "upload");
+        onDone(&IRfCoreCalDataOperation::Signal_DownloadToFlashDone, "download");
+        onDone(&IRfCoreCalDataOperation::Signal_LoadFromFileDone, "load");
+        onDone(&IRfCoreCalDataOperation::Signal_SaveToFileDone, "save");
+    }
+};
 
 } // namespace
 
@@ -167,6 +196,103 @@ private slots:
         QCOMPARE(results[0].itemName, QString("Nonsense"));
         QCOMPARE(results[0].errorCode, 2);
         QVERIFY(TavoSim::CallLog().isEmpty());
+    }
+
+    void movements_data()
+    {
+        QTest::addColumn<QString>("movement");
+        QTest::addColumn<QStringList>("items");
+        QTest::addColumn<bool>("isAllSuccess");
+        QTest::addColumn<QStringList>("results");
+        QTest::addColumn<QStringList>("calls"); // of the failing item, then of the good one
+        const QString bad = "Fake Bad:7:fake failure 7";
+        const QString good = "Fake Good:0:";
+        QTest::newRow("nothing to move") << "upload" << QStringList() << true << QStringList() << QStringList();
+        QTest::newRow("a failure does not stop the others")
+            << "upload" << QStringList{"Fake Bad", "Fake Good"} << false << QStringList{bad, good}
+            << QStringList{"upload", "upload"};
+        QTest::newRow("download") << "download" << QStringList{"Fake Good"} << true << QStringList{good}
+                                  << QStringList{"download"};
+        QTest::newRow("load") << "load" << QStringList{"Fake Good", "Fake Bad"} << false << QStringList{good, bad}
+                              << QStringList{"read", "read"};
+        QTest::newRow("save") << "save" << QStringList{"Fake Good"} << true << QStringList{good} << QStringList{"write"};
+        // An unknown name stands for item 0, whose data no object moves yet.
+        QTest::newRow("unknown name") << "upload" << QStringList{"Nonsense"} << false
+                                      << QStringList{"Nonsense:2:"} << QStringList();
+    }
+    // Every item of a movement gets its result, whatever the others gave; the
+    // progress starts at 0 and counts every item; one done signal, the
+    // movement's own, carries it all.
+    void movements()
+    {
+        QFETCH(QString, movement);
+        QFETCH(QStringList, items);
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        auto *badItem = new CFakeCalItem(100, "Fake Bad", 7);
+        auto *goodItem = new CFakeCalItem(101, "Fake Good");
+        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(badItem));
+        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(goodItem));
+        auto restore = qScopeGuard([core] {
+            core->TakeCalItem(100);
+            core->TakeCalItem(101);
+        });
+        QTemporaryDir folder;
+        TIniFile file(folder.filePath("items.ini"));
+        QObject receiver;
+        SMovementLog log;
+        log.Listen(core, &receiver);
+
+        if (movement == "upload")
+            core->UploadFromFlash(items);
+        else if (movement == "download")
+            core->DownloadToFlash(items);
+        else if (movement == "load")
+            core->LoadFromFile(&file, items);
+        else
+            core->SaveToFile(&file, items);
+
+        QTRY_COMPARE(log.done, QStringList{movement});
+        QTEST(log.isAllSuccess, "isAllSuccess");
+        QTEST(log.results, "results");
+        QList<int> progress;
+        for (int i = 0; !items.isEmpty() && i <= items.size(); ++i)
+            progress << i;
+        QCOMPARE(log.progress, progress);
+        QTEST(badItem->object.calls + goodItem->object.calls, "calls");
+    }
+
+    // A page item added as a descriptor is served like the tool's own: its
+    // page ends the page list, its model and its test's answer reach the
+    // page, and a stop it has none of takes the common stop.
+    void addedPageItemIsServed()
+    {
+        SimScope sim;
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        QVERIFY(!core->AddPageItem(std::make_unique<CFakePageItem>(5)));
+        auto restore = qScopeGuard([core] { core->TakePageItem(CFakePageItem::kId); });
+
+        QCOMPARE(core->GetInitPageList().last(), QString("CFakePageDockWidget"));
+        const std::string model = core->GetDataModel("Fake Page");
+        QCOMPARE(Json(model.c_str()).value("modelName").toString(), QString("BBReg"));
+
+        QObject receiver;
+        QVector<SEachItemOperationResult> results;
+        std::string answer;
+        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver, [&](SEachItemOperationResult result, std::string m) {
+            results << result;
+            answer = m;
+        });
+        connect(core, &CTdscdmaCore::Signal_TestStopDone, &receiver,
+                [&](SEachItemOperationResult result) { results << result; });
+        core->TestStart("Fake Page", R"({"value": "echo"})");
+        QTRY_COMPARE(results.size(), 1);
+        QCOMPARE(results[0].errorCode, 5);
+        QCOMPARE(answer, std::string("echo"));
+
+        core->TestStopByItem("Fake Page", "{}");
+        QTRY_COMPARE(results.size(), 2);
+        QCOMPARE(results[1].errorCode, 0);
+        QCOMPARE(TavoSim::CallCount("AST_CAL_stop_r"), 1);
     }
 
     void itemMapsGiveZeroForUnknownNames()

@@ -1,14 +1,53 @@
+#include <QLabel>
+#include <QScopeGuard>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QtTest>
 
 #include "AutoBindingDataModelDockWidget.h"
+#include "FakeItems.h"
 #include "MessageBoxMan.h"
 #include "ModalBoxCatcher.h"
+#include "PageRegistration.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
+#include "TdscdmaRadbenchCore.h"
 #include "TestLog.h"
 #include "TdscdmaRadbenchForm.h"
+
+// The page of the fake page item: everything a new page needs besides its
+// descriptor. Its model comes by the generic path of the view controller.
+class CFakePageDockWidget : public CAutoBindingDataModelDockWidget {
+    Q_OBJECT
+public:
+    Q_INVOKABLE explicit CFakePageDockWidget(QWidget *parent = nullptr)
+        : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))
+    {
+        setWindowTitle("Fake Page");
+        auto *value = new QLabel(this);
+        value->setObjectName("cmdIf_response_group1_memberProperty_regValue");
+        setWidget(value);
+    }
+
+    QWidget *GetWidgetRoot() override { return this; }
+    int IsCalDataPage() override { return 0; }
+    void RequestDataModel() override
+    {
+        connect(m_viewController, &CTdscdmaRadbenchCore::Signal_GetDataModelDone, this,
+                &CFakePageDockWidget::Slot_GetDataModelDone);
+        m_viewController->GetDataModel(CFakePageItem::kId);
+    }
+    void DisableOperation() override {}
+    void EnableOperation() override {}
+
+public slots:
+    void Slot_TriggerStopTest() override {}
+
+private:
+    CTdscdmaRadbenchCore *m_viewController;
+};
+
+RADBENCH_REGISTER_PAGE(CFakePageDockWidget)
 
 namespace {
 
@@ -70,6 +109,25 @@ private slots:
             titles << tabs->tabText(i);
         QCOMPARE(titles, (QStringList{"AFC Control", "Temperature ADC", "RSSI", "PathLoss", "Continuous RX",
                                       "Continuous TX", "DPCH TX", "Baseband Register", "TPC Profile"}));
+        form.hide();
+    }
+
+    // A page item added as a descriptor, with its page, shows in the window
+    // without a change anywhere else.
+    void addedPageItemBringsItsPage()
+    {
+        SimScope sim("default");
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        core->AddPageItem(std::make_unique<CFakePageItem>());
+        auto restore = qScopeGuard([core] { core->TakePageItem(CFakePageItem::kId); });
+        CTdscdmaRadbenchForm form;
+        form.show();
+        QTRY_VERIFY(IsReady(form, 10));
+        auto *page = form.findChild<CFakePageDockWidget *>();
+        QVERIFY(page && page->IsModelReady());
+        QCOMPARE(page->Model().value("modelName").toString(), QString("BBReg"));
+        auto *tabs = form.findChild<QTabBar *>();
+        QCOMPARE(tabs->tabText(tabs->count() - 1), QString("Fake Page"));
         form.hide();
     }
 

@@ -1,9 +1,13 @@
 #include <QJsonDocument>
+#include <QScopeGuard>
+#include <QTemporaryDir>
 #include <QtTest>
 
+#include "FakeItems.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
 #include "TdscdmaRadbenchCore.h"
+#include "TestFiles.h"
 #include "TestLog.h"
 
 class TestTdscdmaRadbenchCore : public QObject {
@@ -98,6 +102,59 @@ private slots:
         QCOMPARE(secondUbin.count(), 1);
         QCOMPARE(firstTest.count(), 0);
         QCOMPARE(secondTest.count(), 1);
+    }
+
+    // A calibration item added as a descriptor moves through the one generic
+    // path: a save stores the page's values in the item and then the file on
+    // disk, a download stores them and moves them, a load and an upload give
+    // the page's model back filled from the item.
+    void calibrationDataTravelsWithItsRun()
+    {
+        SimScope sim;
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        auto *item = new CFakeCalItem(100, "Fake Item");
+        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(item));
+        auto restore = qScopeGuard([core] { core->TakeCalItem(100); });
+        QTemporaryDir folder;
+        const QString path = folder.filePath("fake.ini");
+
+        CTdscdmaRadbenchCore viewController;
+        QSignalSpy done(&viewController, &CTdscdmaRadbenchCore::Signal_CalDataDone);
+        const auto run = [&](ECalDataMovement movement, const char *model, const QString &file = QString()) {
+            viewController.StartCalData(movement, 100, model, file);
+            return done.wait() ? done.takeFirst() : QList<QVariant>();
+        };
+
+        QList<QVariant> answer = run(ECalDataMovement::SaveToFile, R"({"value":"42"})", path);
+        QCOMPARE(answer.value(0).value<SEachItemOperationResult>().errorCode, 0);
+        QCOMPARE(answer.value(2).toInt(), 100);
+        QVERIFY(TestFiles::Read(path).contains("value = 42"));
+
+        run(ECalDataMovement::DownloadToFlash, R"({"value":"7"})");
+        QCOMPARE(item->object.value, QString("7"));
+
+        answer = run(ECalDataMovement::LoadFromFile, R"({"band":"b"})", path);
+        QCOMPARE(answer.value(1).value<std::string>(), std::string(R"({"band":"b","value":"42"})"));
+        answer = run(ECalDataMovement::UploadFromFlash, R"({})");
+        QCOMPARE(answer.value(1).value<std::string>(), std::string(R"({"value":"42"})"));
+        QCOMPARE(item->object.calls, (QStringList{"write", "download", "read", "upload"}));
+    }
+
+    // The pages' own operations answer with their own signals as well.
+    void namedCalibrationOperationsAnswerWithTheirSignals()
+    {
+        SimScope sim;
+        CTdscdmaRadbenchCore viewController;
+        QSignalSpy upload(&viewController, &CTdscdmaRadbenchCore::Signal_TpcUploadFromFlashDone);
+        QSignalSpy download(&viewController, &CTdscdmaRadbenchCore::Signal_AfcDownloadToFlashDone);
+        viewController.TpcUploadFromFlashStart(R"({"x":1})");
+        QVERIFY(upload.wait());
+        const auto result = upload.at(0).at(0).value<SEachItemOperationResult>();
+        QCOMPARE(result.itemName, QString("TPC"));
+        QCOMPARE(upload.at(0).at(1).value<std::string>(), std::string(R"({"x":1})"));
+        viewController.AfcDownloadToFlashStart("{}");
+        QVERIFY(download.wait());
+        QCOMPARE(download.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("AFC"));
     }
 
     void everyPageModelArrivesAsJsonText()
