@@ -1,10 +1,8 @@
 #include "TdscdmaRadbenchCore.h"
 
-#include <QThreadPool>
-#include <QtConcurrent>
-
 #include <memory>
 
+#include "Interface/PoolRun.h"
 #include "ItemInfo.h"
 #include "TIniFile.h"
 #include "TdscdmaCore.h"
@@ -18,7 +16,7 @@ CTdscdmaRadbenchCore::CTdscdmaRadbenchCore(QObject *parent) : QObject(parent)
 template <typename Function, typename... Args>
 void CTdscdmaRadbenchCore::Run(Function internal, Args... args)
 {
-    m_future = QtConcurrent::run(QThreadPool::globalInstance(), this, internal, args...);
+    m_future = RunInPool(this, internal, std::move(args)...);
 }
 
 template <typename Sender, typename Base, typename... SignalArgs, typename Function>
