@@ -201,6 +201,7 @@ void CTdscdmaCore::SetUbinInternal(bool enable)
         if (result.errorCode != ERROR_CODE_SUCCESS)
             result.errorMessage = "TDSCDMA reset command failed.";
     }
+    HandOverToReceivers();
     emit Signal_SetUbinDone(result);
 }
 
@@ -247,6 +248,7 @@ void CTdscdmaCore::TestInternal(QString item, std::string request)
     }
     SetErrorMessage(run.errorMessage);
     qCDebug(lcController) << "CTdscdmaCore::TestInternal Done--> " << item;
+    HandOverToReceivers();
     emit Signal_TestDone(SEachItemOperationResult{item, run.code, run.errorMessage}, run.resultModel);
 }
 
@@ -273,6 +275,7 @@ void CTdscdmaCore::TestStopInternal(QString item, std::string request)
         run.code = ERROR_CODE_NOT_EXECUTED;
     }
     SetErrorMessage(run.errorMessage);
+    HandOverToReceivers();
     emit Signal_TestStopDone(SEachItemOperationResult{item, run.code, run.errorMessage});
 }
 
@@ -289,6 +292,7 @@ void CTdscdmaCore::RegReadInternal(std::string request)
     const int code = m_bbRegObj.Read(m_cmdBuilder.GetRegReadAddr(model), value);
     const std::string resultModel = code == ERROR_CODE_SUCCESS ? m_responseBuilder.UpdateRegisterResult(model, value)
                                                                : std::string();
+    HandOverToReceivers();
     emit Signal_RegReadDone(SEachItemOperationResult{QString(), code, QString()}, resultModel);
 }
 
@@ -296,6 +300,7 @@ void CTdscdmaCore::RegWriteInternal(std::string request)
 {
     const QJsonObject model = Parse(request);
     const int code = m_bbRegObj.Write(m_cmdBuilder.GetRegWriteCmd(model));
+    HandOverToReceivers();
     emit Signal_RegWriteDone(SEachItemOperationResult{QString(), code, QString()},
                              code == ERROR_CODE_SUCCESS ? request : std::string());
 }

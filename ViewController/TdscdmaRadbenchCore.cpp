@@ -23,10 +23,25 @@ template <typename Sender, typename Base, typename... SignalArgs, typename Funct
 void CTdscdmaRadbenchCore::ConnectOnce(Sender *sender, void (Base::*signal)(SignalArgs...), Function reply)
 {
     auto connection = std::make_shared<QMetaObject::Connection>();
-    *connection = connect(sender, signal, this, [connection, reply](SignalArgs... args) {
+    const QObject *from = sender;
+    *connection = connect(sender, signal, this, [connection, reply, from](SignalArgs... args) {
+        Platform::HandOffAcquire(from);
         QObject::disconnect(*connection);
         reply(args...);
     });
+}
+
+void CTdscdmaRadbenchCore::OnOwnThread(std::function<void()> work)
+{
+    auto token = std::make_shared<char>();
+    Platform::HandOffRelease(token.get());
+    QMetaObject::invokeMethod(
+        this,
+        [token, work] {
+            Platform::HandOffAcquire(token.get());
+            work();
+        },
+        Qt::QueuedConnection);
 }
 
 CTdscdmaRadbenchCore::Reply CTdscdmaRadbenchCore::Emitting(ResultSignal signal)
@@ -55,7 +70,8 @@ void CTdscdmaRadbenchCore::GetInitPageList() { Run(&CTdscdmaRadbenchCore::GetIni
 
 void CTdscdmaRadbenchCore::GetInitPageListInternal()
 {
-    emit Signal_GetInitPageListDone(CTdscdmaCore::GetInstance()->GetInitPageList());
+    const QStringList pages = CTdscdmaCore::GetInstance()->GetInitPageList();
+    OnOwnThread([this, pages] { emit Signal_GetInitPageListDone(pages); });
 }
 
 SRatSupportStatus CTdscdmaRadbenchCore::GetRatSupportStatus()
@@ -80,9 +96,11 @@ void CTdscdmaRadbenchCore::GetDataModelInternal(int pageItem, ModelSignal done)
 {
     CTdscdmaCore *core = CTdscdmaCore::GetInstance();
     const std::string model = core->GetDataModel(core->GetPageItemName(pageItem));
-    emit Signal_GetDataModelDone(model, pageItem);
-    if (done)
-        emit(this->*done)(model);
+    OnOwnThread([this, model, pageItem, done] {
+        emit Signal_GetDataModelDone(model, pageItem);
+        if (done)
+            emit(this->*done)(model);
+    });
 }
 
 void CTdscdmaRadbenchCore::GetContTxDataModel()

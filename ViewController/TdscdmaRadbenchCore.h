@@ -166,6 +166,9 @@ private:
     Reply Emitting(ResultSignal signal);
     Reply Emitting(ResultModelSignal signal);
 
+    // Runs `work` on this object's thread (the user interface thread), after
+    // what the calling pool thread did.
+    void OnOwnThread(std::function<void()> work);
     // Starts `internal` in the global pool and keeps its handle.
     template <typename Function, typename... Args>
     void Run(Function internal, Args... args);

@@ -105,8 +105,10 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
     // Whatever escapes from an item ends the pass with the results so far.
     try {
         for (int i = 0; i < run.m_operateItems.size(); ++i) {
-            if (i == 0)
+            if (i == 0) {
+                HandOverToReceivers();
                 emit Signal_FinishItemCount(0, SEachItemOperationResult());
+            }
             const QString &name = run.m_operateItems.at(i);
             run.m_errorMessage.clear();
             int code = ERROR_CODE_NOT_EXECUTED;
@@ -115,12 +117,14 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
             if (code != ERROR_CODE_SUCCESS)
                 run.m_isAllSuccess = false;
             run.AddItemResult(name, code, run.m_errorMessage);
+            HandOverToReceivers();
             emit Signal_FinishItemCount(i + 1, run.GetItemResult(i));
         }
     } catch (...) {
     }
     SetErrorMessage(run.m_errorMessage);
 
+    HandOverToReceivers();
     switch (run.movement) {
     case ECalDataMovement::UploadFromFlash:
         emit Signal_UploadFromFlashDone(run.m_isAllSuccess, run.m_itemResults);

@@ -11,6 +11,7 @@
 #include "CalDataRun.h"
 #include "CalItemDescriptor.h"
 #include "ItemRegistry.h"
+#include "Platform/ThreadHandOff.h"
 #include "Capability/FddRfCapability.h"
 #include "Capability/GsmRfCapability.h"
 #include "Capability/LteRfCapability.h"
@@ -91,6 +92,9 @@ protected:
     // its result, whatever the others gave; then the movement's done signal.
     void RunMovement(SCalDataRun &run);
     void SetErrorMessage(const QString &message);
+    // Comes right before a signal that receivers on other threads take: what
+    // the run did is then theirs to see (Platform/ThreadHandOff.h).
+    void HandOverToReceivers() const { Platform::HandOffRelease(static_cast<const QObject *>(this)); }
 
     // Guards what runs on any thread write: the last RAT status and the last failure text.
     mutable std::mutex m_stateLock;
