@@ -298,7 +298,7 @@ private slots:
         TavoSim::FailOnce("AST_CAL_get_chipid_r", TAVO_ERR_BUSY);
         SetUbin(1);
         TAVO_QueryAPISupported_r(0, 3000, "TAVO_MISC_GetIMEIRecNum_r");
-        TAVO_MMRf_GetRfCapability_r(0, 10000, request, sizeof request, record.data(), 144);
+        TAVO_MMRf_GetRfCapability_r(0, 10000, request, 4096, record.data(), 144); /* only 8 bytes are read */
         AST_CAL_tl1_reset_r(3, 10000);
         AST_CAL_get_chipid_r(0, 10000, &chip, &rf);
         TAVO_GetResultText(2);
@@ -309,7 +309,7 @@ private slots:
         QCOMPARE(log, QStringList({
                           "AST_UBIN_MODE_SETUP_r 0 10000 [mode=1] 0",
                           "TAVO_QueryAPISupported_r 0 3000 [apiName=TAVO_MISC_GetIMEIRecNum_r] 3",
-                          "TAVO_MMRf_GetRfCapability_r 0 10000 [request=4,132 requestSize=8 recordSize=144] 0",
+                          "TAVO_MMRf_GetRfCapability_r 0 10000 [request=4,132,... requestSize=4096 recordSize=144] 4",
                           "AST_CAL_tl1_reset_r 3 10000 [] 5",
                           "AST_CAL_get_chipid_r 0 10000 [] 6",
                           "TAVO_GetResultText -1 -1 [result=2] 0",
