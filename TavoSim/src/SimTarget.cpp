@@ -24,7 +24,7 @@ SimTarget::SimTarget()
 
 TAVO_RESULT SimTarget::execute(const QString &call, const Work &work)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (const std::optional<TAVO_RESULT> fault = m_faults.take(call))
         return *fault;
     if (CommandCatalog::contains(call) && !m_profile.offers(call))
@@ -34,20 +34,20 @@ TAVO_RESULT SimTarget::execute(const QString &call, const Work &work)
 
 void SimTarget::useProfile(const TargetProfile &profile)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_profile = profile;
     resetLocked();
 }
 
 TargetProfile SimTarget::profile() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_profile;
 }
 
 void SimTarget::reset()
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     resetLocked();
 }
 
@@ -69,19 +69,19 @@ void SimTarget::resetLocked()
 
 void SimTarget::armFault(const FaultSpec &fault)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_faults.arm(fault);
 }
 
 void SimTarget::clearFaults()
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_faults.clear();
 }
 
 void SimTarget::setLatency(const QString &call, int ms)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (ms > 0)
         m_latencies.insert(call, ms);
     else
@@ -90,7 +90,7 @@ void SimTarget::setLatency(const QString &call, int ms)
 
 int SimTarget::latency(const QString &call) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     const auto own = m_latencies.constFind(call);
     if (own != m_latencies.constEnd())
         return *own;
@@ -99,7 +99,7 @@ int SimTarget::latency(const QString &call) const
 
 void SimTarget::setResultText(TAVO_RESULT result, const QString &text)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (text.isNull())
         m_textOverrides.erase(result);
     else
@@ -108,14 +108,14 @@ void SimTarget::setResultText(TAVO_RESULT result, const QString &text)
 
 const char *SimTarget::resultTextOverride(TAVO_RESULT result) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     const auto it = m_textOverrides.find(result);
     return it == m_textOverrides.end() ? nullptr : it->second;
 }
 
 const char *SimTarget::intern(const QByteArray &text)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return internLocked(text);
 }
 
@@ -126,49 +126,49 @@ const char *SimTarget::internLocked(const QByteArray &text)
 
 CallHistory::Ticket SimTarget::logCall(const CallRecord &record)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_log.append(record);
 }
 
 void SimTarget::logResult(CallHistory::Ticket ticket, TAVO_RESULT result)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_log.setResult(ticket, result);
 }
 
 QVector<CallRecord> SimTarget::callLog() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_log.records();
 }
 
 int SimTarget::callCount(const QString &call) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_log.count(call);
 }
 
 void SimTarget::clearCallLog()
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_log.clear();
 }
 
 TargetState SimTarget::state() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_state;
 }
 
 void SimTarget::setDatabaseLoaded(bool loaded)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_state.databaseLoaded = loaded;
 }
 
 bool SimTarget::setNvramFile(const QString &path, QString *error)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_nvramFile.open(path, error))
         return false;
     m_state.nvramFile = m_nvramFile.isOpen() ? &m_nvramFile : nullptr;
@@ -178,7 +178,7 @@ bool SimTarget::setNvramFile(const QString &path, QString *error)
 
 QString SimTarget::nvramFile() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_nvramFile.path();
 }
 

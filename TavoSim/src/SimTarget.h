@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QHash>
-#include <QMutex>
 
 #include <functional>
 #include <map>
+#include <mutex>
 #include <set>
 
 #include "CallHistory.h"
@@ -20,6 +20,8 @@ namespace TavoSim {
  * latencies and the call log, all behind one mutex. Every member function
  * locks for itself and may be called from any thread. Nothing sleeps while
  * holding the lock: latencies are served by TargetCall before it comes here.
+ * The lock is a std::mutex, which ThreadSanitizer sees; the locks of the
+ * system's Qt are not instrumented and would hide it.
  */
 class SimTarget
 {
@@ -77,7 +79,7 @@ private:
     void resetLocked();
     const char *internLocked(const QByteArray &text);
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     TargetProfile m_profile;
     TargetState m_state;
     FaultTable m_faults;
