@@ -24,6 +24,27 @@ struct CallRecord {
     int timeoutMs = -1; /* -1 for calls that take no time-out */
     QStringList args;  /* the remaining arguments as "name=value" (inputs only) */
     TAVO_RESULT result = TAVO_OK;
+    /* The call's place among the calls that reached the target since the last
+     * ClearCallLog (or Reset), from 1: what a "*" fault counts. 0 for calls
+     * that did not reach it (text calls, refused handles or arguments,
+     * time-outs). */
+    int targetIndex = 0;
+};
+
+/* A fault to arm. It takes the calls named `call`, or every call that reaches
+ * the target when `call` is "*", whose logged inputs (CallRecord::args)
+ * include every "name=value" of `args`; an empty `args` takes them all. Of
+ * the calls it takes, the first `skip` pass normally, then `count` answer
+ * `result` (-1: all of them). For example:
+ *   {"TAVO_NVRAM_Write_r", {"lid=NVRAM_EF_IMEI_IMEISV_LID", "record=2"}, TAVO_ERR_FAILED, 1}
+ *   {"TAVO_QueryAPISupported_r", {"apiName=TAVO_MISC_CalDataIntegrity_StartRec_Ex_r"}}
+ *   {"*", {}, TAVO_ERR_FAILED, 1, n - 1}   the n-th call from now fails once */
+struct FaultSpec {
+    QString call;
+    QStringList args;
+    TAVO_RESULT result = TAVO_ERR_FAILED;
+    int count = -1;
+    int skip = 0;
 };
 
 /* Names of the profiles built into the library, sorted. "default" is a fully
@@ -55,11 +76,14 @@ TAVO_API void Reset();
 
 /* ---- Faults and latency --------------------------------------------------- */
 
-/* Makes `call` give `result` instead of doing its work. The first `skip`
- * calls after this one pass normally; then `count` calls fail (-1: all).
- * Several faults on one call apply in the order they were added. Any name is
- * taken, also of calls the library does not have yet. A call that fails on
- * its handle or arguments never reaches the target and uses up no fault. */
+/* Arms a fault (see FaultSpec). Skips count from now on, and only the calls
+ * the fault takes count. When several faults take a call, the one armed
+ * first answers; the others that still skip count it. Any name is taken,
+ * also of calls the library does not have yet. A call that fails on its
+ * handle or arguments, or runs into its time-out, never reaches the target
+ * and neither counts nor uses up a fault; text calls never reach it. */
+TAVO_API void InjectFault(const FaultSpec &fault);
+/* The same for every call named `call`, whatever its inputs. */
 TAVO_API void InjectFault(const QString &call, TAVO_RESULT result, int count = -1, int skip = 0);
 /* Shorthands. */
 TAVO_API void FailAlways(const QString &call, TAVO_RESULT result = TAVO_ERR_FAILED);

@@ -78,9 +78,14 @@ void Reset()
     SimTarget::instance().reset();
 }
 
+void InjectFault(const FaultSpec &fault)
+{
+    SimTarget::instance().armFault(fault);
+}
+
 void InjectFault(const QString &call, TAVO_RESULT result, int count, int skip)
 {
-    SimTarget::instance().armFault({call, result, count, skip});
+    InjectFault({call, {}, result, count, skip});
 }
 
 void FailAlways(const QString &call, TAVO_RESULT result)

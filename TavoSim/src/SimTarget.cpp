@@ -22,10 +22,12 @@ SimTarget::SimTarget()
     resetLocked();
 }
 
-TAVO_RESULT SimTarget::execute(const QString &call, const Work &work)
+TAVO_RESULT SimTarget::execute(CallHistory::Ticket ticket, const QString &call, const QStringList &inputs,
+                               const Work &work)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (const std::optional<TAVO_RESULT> fault = m_faults.take(call))
+    m_log.reached(ticket);
+    if (const std::optional<TAVO_RESULT> fault = m_faults.take(call, inputs))
         return *fault;
     if (CommandCatalog::contains(call) && !m_profile.offers(call))
         return TAVO_ERR_NOT_SUPPORTED;

@@ -31,10 +31,11 @@ public:
     /* The work of a call, done under the lock. */
     using Work = std::function<TAVO_RESULT(const TargetProfile &, TargetState &)>;
 
-    /* Runs a call that has reached the target: a fault that fires answers
-     * instead, a catalogued command the profile does not offer answers
-     * TAVO_ERR_NOT_SUPPORTED, anything else does its work. */
-    TAVO_RESULT execute(const QString &call, const Work &work);
+    /* Runs a call that has reached the target (logged as `ticket`, with its
+     * logged `inputs`): a fault that fires answers instead, a catalogued
+     * command the profile does not offer answers TAVO_ERR_NOT_SUPPORTED,
+     * anything else does its work. */
+    TAVO_RESULT execute(CallHistory::Ticket ticket, const QString &call, const QStringList &inputs, const Work &work);
 
     /* ---- Profile ---- */
     /* Makes `profile` the current one and resets the target to it. */

@@ -36,7 +36,7 @@ TAVO_RESULT TargetCall::run(bool argumentsValid, const SimTarget::Work &work)
         }
         if (latency > 0)
             QThread::msleep(static_cast<unsigned long>(latency));
-        return target.execute(m_name, work);
+        return target.execute(ticket, m_name, m_inputs, work);
     }();
 
     target.logResult(ticket, result);

@@ -73,6 +73,24 @@ TAVO_RESULT writeRecord(const char *lid, QByteArray bytes)
     return transfer(QStringLiteral("write"), lid, 1, bytes);
 }
 
+/* The calls the fault selector rows make, and their results. The text call
+ * and the call on handle 1 never reach the target. */
+QList<int> selectorFlow()
+{
+    QByteArray tadc(18, '\1'), imei(20, '\2');
+    return {TAVO_QueryAPISupported_r(0, 10000, "TAVO_MISC_CalDataIntegrity_StartRec_Ex_r"),
+            TAVO_QueryAPISupported_r(0, 10000, "TAVO_NVRAM_Write_r"),
+            transfer("write", kTadc, 1, tadc),
+            transfer("write", kImei, 1, imei),
+            transfer("write", kImei, 2, imei),
+            transfer("write", kImei, 2, imei),
+            transfer("read", kImei, 2, imei),
+            AST_CAL_tl1_reset_r(0, 10000),
+            TAVO_GetResultText(0) ? 0 : -1,
+            AST_CAL_tl1_reset_r(1, 10000),
+            AST_CAL_tl1_reset_r(0, 10000)};
+}
+
 } // namespace
 
 class tst_SimNvram : public QObject
@@ -84,6 +102,66 @@ private slots:
     {
         TavoSim::SetNvramFile(QString());
         TavoSim::Reset();
+    }
+
+    void faultSelectors_data()
+    {
+        QTest::addColumn<QByteArray>("fault"); /* as in a profile's "faults" */
+        QTest::addColumn<QList<int>>("failing"); /* places in selectorFlow(), from 1 */
+        QTest::newRow("by LID") << QByteArray(R"({"call": "TAVO_NVRAM_Write_r", "count": 1,
+                                                  "args": {"lid": "NVRAM_EF_IMEI_IMEISV_LID"}})") << QList<int>{4};
+        QTest::newRow("by record number") << QByteArray(R"({"call": "TAVO_NVRAM_Write_r", "args": {"record": 2}})")
+                                          << QList<int>{5, 6};
+        QTest::newRow("every input must match")
+            << QByteArray(R"({"call": "TAVO_NVRAM_Write_r", "args": {"lid": "NVRAM_EF_AST_TL1_TEMP_DAC_LID", "record": 2}})")
+            << QList<int>{};
+        QTest::newRow("by the API a query asks about")
+            << QByteArray(R"({"call": "TAVO_QueryAPISupported_r",
+                              "args": {"apiName": "TAVO_MISC_CalDataIntegrity_StartRec_Ex_r"}})") << QList<int>{1};
+        QTest::newRow("second matching call") << QByteArray(R"({"call": "TAVO_NVRAM_Write_r", "skip": 1, "count": 1,
+                                                                "args": {"lid": "NVRAM_EF_IMEI_IMEISV_LID"}})")
+                                              << QList<int>{5};
+        QTest::newRow("every call, the first") << QByteArray(R"({"call": "*", "count": 1})") << QList<int>{1};
+        QTest::newRow("every call, the ninth") << QByteArray(R"({"call": "*", "skip": 8, "count": 1})")
+                                               << QList<int>{11};
+        QTest::newRow("every call with an input") << QByteArray(R"({"call": "*", "skip": 2, "args": {"record": 2}})")
+                                                  << QList<int>{7};
+    }
+    /* A fault armed through the control API, or by a profile, fails exactly the
+     * calls it selects; only those count down its skip, and "*" counts every
+     * call that reaches the target. */
+    void faultSelectors()
+    {
+        QFETCH(QByteArray, fault);
+        QFETCH(QList<int>, failing);
+        QJsonObject selector = json(fault);
+        TavoSim::FaultSpec spec{selector["call"].toString(), {}, TAVO_ERR_BUSY, selector["count"].toInt(-1),
+                                selector["skip"].toInt()};
+        const QJsonObject args = selector["args"].toObject();
+        for (auto it = args.begin(); it != args.end(); ++it)
+            spec.args << it.key() + '=' + it.value().toVariant().toString();
+        selector["result"] = TAVO_ERR_BUSY;
+
+        QVERIFY(useTarget({}));
+        const QList<int> plain = selectorFlow();
+        for (const bool byProfile : {false, true}) {
+            TavoSim::Reset();
+            if (byProfile)
+                QVERIFY(TavoSim::PatchProfile({{"faults", QJsonArray{selector}}}));
+            else
+                TavoSim::InjectFault(spec);
+            const QList<int> results = selectorFlow();
+            QList<int> failed;
+            for (int i = 0; i < results.size(); ++i) {
+                if (results[i] != plain[i])
+                    failed << (results[i] == TAVO_ERR_BUSY ? i + 1 : -i - 1);
+            }
+            QCOMPARE(failed, failing);
+        }
+        QList<int> indices;
+        for (const TavoSim::CallRecord &record : TavoSim::CallLog())
+            indices << record.targetIndex;
+        QCOMPARE(indices, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 9}));
     }
 
     /* A profile's database sets counts and leaves LIDs out, for the database and

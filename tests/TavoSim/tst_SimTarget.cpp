@@ -108,6 +108,8 @@ private slots:
                                       << "tdscdma.bands[1]: unknown band \"g\"";
         QTest::newRow("unknown service") << QByteArray(R"({"modem": {"service": "gsm"}})") << "modem.service";
         QTest::newRow("fault without call") << QByteArray(R"({"faults": [{"result": 1}]})") << "faults[0].call";
+        QTest::newRow("fault input of no type") << QByteArray(R"({"faults": [{"call": "*", "args": {"record": true}}]})")
+                                                << "faults[0].args.record: expected a string or an integer";
         QTest::newRow("not a command name") << QByteArray(R"({"commands": {"withheld": ["GetRfCapability"]}})")
                                             << "commands.withheld[0]";
     }
