@@ -29,6 +29,10 @@ struct CallRecord {
      * that did not reach it (text calls, refused handles or arguments,
      * time-outs). */
     int targetIndex = 0;
+    /* The integrity record of calibration writes open when the call arrived:
+     * n for the n-th record opened since the last Reset, 0 when none was
+     * open. A start is logged outside the record it opens, its stop inside. */
+    int integrityScope = 0;
 };
 
 /* A fault to arm. It takes the calls named `call`, or every call that reaches

@@ -126,9 +126,10 @@ const char *SimTarget::internLocked(const QByteArray &text)
     return m_texts.insert(text).first->constData();
 }
 
-CallHistory::Ticket SimTarget::logCall(const CallRecord &record)
+CallHistory::Ticket SimTarget::logCall(CallRecord record)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
+    record.integrityScope = m_state.integrityOpen ? m_state.integrityRecords : 0;
     return m_log.append(record);
 }
 

@@ -59,7 +59,8 @@ public:
     const char *intern(const QByteArray &text);
 
     /* ---- Call log ---- */
-    CallHistory::Ticket logCall(const CallRecord &record);
+    /* Logs a call on its arrival, with the integrity record it falls in. */
+    CallHistory::Ticket logCall(CallRecord record);
     void logResult(CallHistory::Ticket ticket, TAVO_RESULT result);
     QVector<CallRecord> callLog() const;
     int callCount(const QString &call) const;

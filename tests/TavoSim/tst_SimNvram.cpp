@@ -323,7 +323,8 @@ private slots:
         }
     }
 
-    /* The record counts the writes between start and stop, and is never nested. */
+    /* The record counts the writes between start and stop, and is never nested;
+     * the log tells which record each call fell in. */
     void integrityRecord()
     {
         QVERIFY(useTarget({}));
@@ -340,6 +341,18 @@ private slots:
         QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_r(0, 10000, &status), TAVO_OK);
         QCOMPARE(status, 2u);
         QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
+        QVERIFY(writeRecord(kTadc, QByteArray(18, '\4')) == TAVO_OK);
+        QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), TAVO_OK);
+        QVERIFY(writeRecord(kTadc, QByteArray(18, '\5')) == TAVO_OK);
+
+        QString scopes;
+        for (const TavoSim::CallRecord &record : TavoSim::CallLog())
+            scopes += QString::number(record.integrityScope);
+        QCOMPARE(scopes, QStringLiteral("00011111002"));
+        TavoSim::Reset();
+        QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), TAVO_OK);
+        QVERIFY(writeRecord(kTadc, QByteArray(18, '\6')) == TAVO_OK);
+        QCOMPARE(TavoSim::CallLog().last().integrityScope, 1);
     }
 
     /* What one host process writes, the next one reads; without the file the
