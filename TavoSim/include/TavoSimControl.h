@@ -62,12 +62,30 @@ TAVO_API bool LoadProfile(const QString &nameOrPath, QString *error = nullptr);
 /* Same, from an already parsed profile object (named "custom" when it has
  * no "name"). */
 TAVO_API bool LoadProfileObject(const QJsonObject &profile, QString *error = nullptr);
-/* Lays `patch` over the current profile and loads the result like
- * LoadProfileObject: nested objects merge key by key, any other value
- * replaces the old one. Handy to change one switch of a built-in profile:
+/* What PatchProfile does with what the target went through so far. */
+enum class Patch {
+    KeepState, /* the target goes on as it is; only what the profile describes changes */
+    Reset      /* the target is reset to the patched profile, as by LoadProfileObject */
+};
+/* Lays `patch` over the current profile: nested objects merge key by key,
+ * any other value replaces the old one. Handy to change one switch of a
+ * built-in profile:
  *   PatchProfile({{"multiRat", QJsonObject{{"afcByL1", true}}}});
- * To drop a section, edit CurrentProfile() and load it instead. */
+ * To drop a section, edit CurrentProfile() and load it instead.
+ *
+ * By default (Patch::KeepState) the answers, the offered commands and the
+ * database change, and the target keeps its state: the NVRAM's records,
+ * the database loaded or not, Ubin, the radio and its registers, the
+ * integrity record, the armed faults, latencies, result texts and the call
+ * log. NVRAM records keep their bytes where the patched profile still has
+ * the LID, the record number and the size; the LIDs the patch names in
+ * "nvram.records", and records that are new or of a new size, take the
+ * patched profile's contents (with the NVRAM file laid over them). The
+ * faults the patch lists are armed now, besides those armed already. With
+ * Patch::Reset the target is reset to the patched profile (see Reset). On
+ * failure nothing changes. */
 TAVO_API bool PatchProfile(const QJsonObject &patch, QString *error = nullptr);
+TAVO_API bool PatchProfile(const QJsonObject &patch, Patch mode, QString *error = nullptr);
 /* The name of the current profile (its "name" key, else the built-in name or
  * the file's base name). */
 TAVO_API QString CurrentProfileName();

@@ -57,10 +57,20 @@ bool LoadProfileObject(const QJsonObject &profile, QString *error)
 
 bool PatchProfile(const QJsonObject &patch, QString *error)
 {
+    return PatchProfile(patch, Patch::KeepState, error);
+}
+
+bool PatchProfile(const QJsonObject &patch, Patch mode, QString *error)
+{
     const TargetProfile current = SimTarget::instance().profile();
     QString problem;
     std::optional<TargetProfile> parsed = TargetProfile::fromJson(merged(current.json, patch), current.name, &problem);
-    return useLoaded(std::move(parsed), problem, error);
+    if (!parsed || mode == Patch::Reset)
+        return useLoaded(std::move(parsed), problem, error);
+    const QStringList reseeded =
+        patch.value(QStringLiteral("nvram")).toObject().value(QStringLiteral("records")).toObject().keys();
+    SimTarget::instance().patchProfile(*parsed, reseeded, patch.contains(QStringLiteral("faults")));
+    return true;
 }
 
 QString CurrentProfileName()

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
+
 #include "CommandCatalog.h"
 
 namespace TavoSim {
@@ -39,6 +41,29 @@ void SimTarget::useProfile(const TargetProfile &profile)
     std::lock_guard<std::mutex> lock(m_mutex);
     m_profile = profile;
     resetLocked();
+}
+
+void SimTarget::patchProfile(const TargetProfile &profile, const QStringList &reseededLids, bool armProfileFaults)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    NvramRecords records = profile.nvram;
+    if (m_nvramFile.isOpen())
+        m_nvramFile.layOver(records);
+    for (auto lid = records.begin(); lid != records.end(); ++lid) {
+        const auto held = m_state.nvram.constFind(lid.key());
+        if (held == m_state.nvram.constEnd() || reseededLids.contains(lid.key()))
+            continue;
+        for (int i = 0; i < std::min(lid->size(), held->size()); ++i) {
+            if (held->at(i).size() == lid->at(i).size())
+                (*lid)[i] = held->at(i);
+        }
+    }
+    m_profile = profile;
+    m_state.nvram = records;
+    if (armProfileFaults) {
+        for (const FaultSpec &fault : qAsConst(m_profile.faults))
+            m_faults.arm(fault);
+    }
 }
 
 TargetProfile SimTarget::profile() const

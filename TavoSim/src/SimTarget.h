@@ -40,6 +40,11 @@ public:
     /* ---- Profile ---- */
     /* Makes `profile` the current one and resets the target to it. */
     void useProfile(const TargetProfile &profile);
+    /* Makes `profile` the current one and keeps the target's state (see
+     * PatchProfile): the records of the LIDs in `reseededLids` come from the
+     * profile, and so do those it adds or resizes; the others stay. The
+     * profile's faults are armed too when `armProfileFaults`. */
+    void patchProfile(const TargetProfile &profile, const QStringList &reseededLids, bool armProfileFaults);
     TargetProfile profile() const;
     void reset();
 

@@ -240,22 +240,46 @@ private slots:
         QCOMPARE(Answer(kMultiRat, 144).first, TAVO_ERR_FAILED);
     }
 
-    void resetRestoresPowerOn()
+    void resetOrPatch_data()
     {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<bool>("kept");
+        QTest::newRow("Reset") << "reset" << false;
+        QTest::newRow("patch with reset") << "patch and reset" << false;
+        QTest::newRow("patch") << "patch" << true;
+    }
+    /* Reset goes back to power-on under the current profile, and so does a
+     * patch that asks for it; a plain patch changes the answers only. */
+    void resetOrPatch()
+    {
+        QFETCH(QString, how);
+        QFETCH(bool, kept);
         QCOMPARE(SetUbin(1), TAVO_OK);
+        QCOMPARE(AST_RFTEST_TXOn_r(0, 10000, 9550, 1), TAVO_OK);
+        QByteArray tadc(18, '\7');
+        const SNvramAccessRequest write{"NVRAM_EF_AST_TL1_TEMP_DAC_LID", 1, 18, reinterpret_cast<uchar *>(tadc.data())};
+        SNvramAccessConfirm confirm{};
+        QCOMPARE(TAVO_NVRAM_Write_r(0, 10000, &write, &confirm), TAVO_OK);
         TavoSim::LoadDatabase();
         TavoSim::FailAlways(kReset);
-        TavoSim::SetLatency("*", 5000);
+        TavoSim::SetLatency("TAVO_Util_QueryTargetOptionInfo", 5000);
         TavoSim::SetResultText(TAVO_ERR_FAILED, "replaced");
-        QVERIFY(TavoSim::IsDatabaseLoaded());
 
-        TavoSim::Reset();
-        QVERIFY(!TavoSim::IsUbinEnabled());
-        QVERIFY(!TavoSim::IsDatabaseLoaded());
-        QVERIFY(TavoSim::CallLog().isEmpty());
-        QCOMPARE(TavoSim::CallCount(kUbin), 0);
-        QCOMPARE(AST_CAL_tl1_reset_r(0, 1000), TAVO_OK); /* neither faulted nor timed out */
-        QVERIFY(QByteArray(TAVO_GetResultText(TAVO_ERR_FAILED)).startsWith("TAVO_ERR_FAILED"));
+        const QJsonObject patch{{"chipId", QJsonObject{{"rf", 40}}}};
+        if (how == "reset")
+            TavoSim::Reset();
+        else
+            QVERIFY(TavoSim::PatchProfile(patch, how == "patch" ? TavoSim::Patch::KeepState : TavoSim::Patch::Reset));
+        QCOMPARE(TavoSim::IsUbinEnabled(), kept);
+        QCOMPARE(TavoSim::RadioActivity(), kept ? "tx 9550" : "idle");
+        QCOMPARE(TavoSim::NvramRecord("NVRAM_EF_AST_TL1_TEMP_DAC_LID") == tadc, kept);
+        QCOMPARE(TavoSim::IsDatabaseLoaded(), kept);
+        QCOMPARE(TavoSim::CallCount(kUbin), kept ? 1 : 0);
+        QCOMPARE(AST_CAL_tl1_reset_r(0, 10000), kept ? TAVO_ERR_FAILED : TAVO_OK);
+        uint32_t option = 0;
+        QCOMPARE(TAVO_Util_QueryTargetOptionInfo(0, 20, &option), kept ? TAVO_ERR_TIMEOUT : TAVO_OK);
+        QCOMPARE(QByteArray(TAVO_GetResultText(TAVO_ERR_FAILED)) == "replaced", kept);
+        QCOMPARE(U32At(Answer(kChipId, 4).second, 0) >> 16, how == "reset" ? 16u : 40u);
         QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("default"));
     }
 
