@@ -256,22 +256,26 @@ void readDatabase(ProfileReader &top, TargetProfile &p)
         p.database.read(*database);
 }
 
-/* After readDatabase: the records are those of the database's LIDs. */
+/* After readDatabase: the target holds the records the database describes,
+ * unless "nvram.target" says otherwise. */
 void readNvram(ProfileReader &top, TargetProfile &p)
 {
+    TargetNvram target(p.database);
     std::optional<ProfileReader> nvram = top.object("nvram");
     if (!nvram) {
-        p.nvram = p.database.initialRecords(nullptr);
+        p.nvram = target.initialRecords(nullptr);
         return;
     }
-    nvram->allowKeys({"integrity", "records"});
+    nvram->allowKeys({"integrity", "target", "records"});
     const QString integrity = nvram->string("integrity", QStringLiteral("ex"));
     p.hasIntegrityEx = integrity == QLatin1String("ex");
     p.hasIntegrity = integrity != QLatin1String("none");
     if (!p.hasIntegrityEx && integrity != QLatin1String("plain") && p.hasIntegrity)
         nvram->fail(QStringLiteral("integrity"), QStringLiteral("expected one of \"ex\", \"plain\", \"none\""));
+    if (std::optional<ProfileReader> lids = nvram->object("target"))
+        target.read(*lids);
     std::optional<ProfileReader> records = nvram->object("records");
-    p.nvram = p.database.initialRecords(records ? &*records : nullptr);
+    p.nvram = target.initialRecords(records ? &*records : nullptr);
 }
 
 /* Names of "commands.offered"/"withheld": what the two support queries take. */

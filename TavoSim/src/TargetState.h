@@ -3,7 +3,7 @@
 #include <QHash>
 #include <QtGlobal>
 
-#include "NvramDatabase.h"
+#include "TargetNvram.h"
 
 namespace TavoSim {
 

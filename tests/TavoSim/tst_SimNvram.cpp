@@ -164,23 +164,60 @@ private slots:
         QCOMPARE(indices, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 9}));
     }
 
-    /* A profile's database sets counts and leaves LIDs out, for the database and
-     * the target's NVRAM alike. Sizes show in codecs; the plain database is read
-     * through the plug-in by tests/Controller/tst_CalItemBase. */
-    void database()
+    void databaseAndTarget_data()
     {
-        QVERIFY(useTarget(json(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 11},
-                                                "withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]}})")));
+        QTest::addColumn<QByteArray>("patch");
+        QTest::addColumn<QString>("lid");
+        QTest::addColumn<QList<int>>("database"); /* count, size; {} without the LID */
+        QTest::addColumn<QList<int>>("target");
+        QTest::newRow("the target follows the database")
+            << QByteArray(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 11}}})") << kImei
+            << QList<int>{11, 20} << QList<int>{11, 20};
+        QTest::newRow("LID left out of both") << QByteArray(R"({"database": {"withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]}})")
+                                              << kCap << QList<int>{} << QList<int>{};
+        QTest::newRow("two IMEI records on the target, one in the database")
+            << QByteArray(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 1}},
+                              "nvram": {"target": {"NVRAM_EF_IMEI_IMEISV_LID": {"count": 2}}}})")
+            << kImei << QList<int>{1, 20} << QList<int>{2, 20};
+        QTest::newRow("one IMEI record on the target, two in the database")
+            << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_IMEI_IMEISV_LID": {"count": 1}}}})") << kImei
+            << QList<int>{2, 20} << QList<int>{1, 20};
+        QTest::newRow("a LID only on the target")
+            << QByteArray(R"({"database": {"withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]},
+                              "nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {}}}})")
+            << kCap << QList<int>{} << QList<int>{1, 4};
+        QTest::newRow("a LID only in the database")
+            << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"count": 0}}}})") << kCap
+            << QList<int>{1, 4} << QList<int>{};
+        QTest::newRow("sizes differ") << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": {"size": 20}}}})")
+                                      << kGps << QList<int>{1, 24} << QList<int>{1, 20};
+    }
+    /* The database calls answer from the database, the transport from the
+     * target's records; a profile can make them disagree. (The plain database
+     * is read through the plug-in by tests/Controller/tst_CalItemBase.) */
+    void databaseAndTarget()
+    {
+        QFETCH(QByteArray, patch);
+        QFETCH(QString, lid);
+        QFETCH(QList<int>, database);
+        QFETCH(QList<int>, target);
+        QVERIFY(useTarget(json(patch)));
+        const QByteArray name = lid.toLatin1();
         int count = 0;
         uint32_t size = 0;
-        QCOMPARE(TAVO_NVRAM_GetRecordCount(kImei, &count), TAVO_OK);
-        QCOMPARE(count, 11);
-        QCOMPARE(TavoSim::NvramRecord(kImei, 11).size(), 20);
-        QVERIFY(TavoSim::NvramRecord(kImei, 12).isEmpty());
-        QCOMPARE(TAVO_NVRAM_LidExists(kCap), TAVO_ERR_LID_NOT_FOUND);
-        QCOMPARE(TAVO_NVRAM_GetRecordSize(kCap, &size), TAVO_ERR_LID_NOT_FOUND);
-        QCOMPARE(TAVO_NVRAM_GetRecordCount(kCap, &count), TAVO_ERR_LID_NOT_FOUND);
-        QVERIFY(TavoSim::NvramRecord(kCap).isEmpty());
+        const TAVO_RESULT known = database.isEmpty() ? TAVO_ERR_LID_NOT_FOUND : TAVO_OK;
+        QCOMPARE(TAVO_NVRAM_LidExists(name), known);
+        QCOMPARE(TAVO_NVRAM_GetRecordCount(name, &count), known);
+        QCOMPARE(TAVO_NVRAM_GetRecordSize(name, &size), known);
+        if (known == TAVO_OK)
+            QCOMPARE((QList<int>{count, int(size)}), database);
+
+        QByteArray buffer(64, '\0');
+        const int last = target.value(0, 1);
+        QCOMPARE(transfer("read", name, last, buffer), target.isEmpty() ? TAVO_ERR_LID_NOT_FOUND : TAVO_OK);
+        QCOMPARE(TavoSim::NvramRecord(lid, last).size(), target.value(1));
+        if (!target.isEmpty())
+            QCOMPARE(transfer("write", name, last + 1, buffer), TAVO_ERR_INVALID_ARGUMENT);
     }
 
     void codecs_data()

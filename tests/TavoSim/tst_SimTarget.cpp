@@ -110,6 +110,12 @@ private slots:
         QTest::newRow("fault without call") << QByteArray(R"({"faults": [{"result": 1}]})") << "faults[0].call";
         QTest::newRow("fault input of no type") << QByteArray(R"({"faults": [{"call": "*", "args": {"record": true}}]})")
                                                 << "faults[0].args.record: expected a string or an integer";
+        QTest::newRow("target LID of no record kind") << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_X_LID": {}}}})")
+                                                      << "nvram.target.NVRAM_EF_X_LID: not a LID of any record kind";
+        QTest::newRow("record of a LID the target lacks")
+            << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"count": 0}},
+                              "records": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"capId": 1}}}})")
+            << "nvram.records.NVRAM_EF_AST_TL1_CAP_DATA_LID: not a LID of the target's NVRAM";
         QTest::newRow("not a command name") << QByteArray(R"({"commands": {"withheld": ["GetRfCapability"]}})")
                                             << "commands.withheld[0]";
     }
