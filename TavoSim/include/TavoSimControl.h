@@ -17,7 +17,7 @@
 
 namespace TavoSim {
 
-/* One call that reached the simulated target, in the order of arrival. */
+/* One call made to the library, in the order of arrival. */
 struct CallRecord {
     QString name;      /* the library function, e.g. "AST_UBIN_MODE_SETUP_r" */
     int handle = -1;   /* -1 for calls that take no handle */
@@ -93,14 +93,15 @@ TAVO_API QJsonObject CurrentProfile();
 
 /* Back to the state the current profile describes: only the profile's own
  * faults armed, no latencies, empty call log, the library's own result texts,
- * target state as after power-on, database unloaded. */
+ * target state as after power-on (integrity record closed, and the records
+ * numbered from 1 again), database unloaded. */
 TAVO_API void Reset();
 
 /* ---- Faults and latency --------------------------------------------------- */
 
 /* Arms a fault (see FaultSpec). Skips count from now on, and only the calls
  * the fault takes count. When several faults take a call, the one armed
- * first answers; the others that still skip count it. Any name is taken,
+ * first that no longer skips answers; the others that still skip count it. Any name is taken,
  * also of calls the library does not have yet. A call that fails on its
  * handle or arguments, or runs into its time-out, never reaches the target
  * and neither counts nor uses up a fault; text calls never reach it. */
