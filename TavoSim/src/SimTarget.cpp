@@ -167,7 +167,12 @@ void SimTarget::logResult(CallHistory::Ticket ticket, TAVO_RESULT result)
 QVector<CallRecord> SimTarget::callLog() const
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    return m_log.records();
+    /* A block of its own: Qt tells a shared block by a relaxed load, so an
+     * append here after the caller let go of a shared copy would race with
+     * the caller's last reads. */
+    QVector<CallRecord> copy = m_log.records();
+    copy.detach();
+    return copy;
 }
 
 int SimTarget::callCount(const QString &call) const
