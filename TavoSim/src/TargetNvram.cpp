@@ -130,7 +130,6 @@ const QJsonObject &builtInDefaults()
     return defaults;
 }
 
-
 } // namespace
 
 TargetNvram::TargetNvram(const NvramDatabase &database)
