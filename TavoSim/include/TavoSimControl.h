@@ -43,7 +43,7 @@ struct CallRecord {
  *   {"TAVO_NVRAM_Write_r", {"lid=NVRAM_EF_IMEI_IMEISV_LID", "record=2"}, TAVO_ERR_FAILED, 1}
  *   {"TAVO_QueryAPISupported_r", {"apiName=TAVO_MISC_CalDataIntegrity_StartRec_Ex_r"}}
  *   {"*", {}, TAVO_ERR_FAILED, 1, n - 1}   the n-th call from now fails once */
-struct FaultSpec {
+struct Fault {
     QString call;
     QStringList args;
     TAVO_RESULT result = TAVO_ERR_FAILED;
@@ -99,13 +99,13 @@ TAVO_API void Reset();
 
 /* ---- Faults and latency --------------------------------------------------- */
 
-/* Arms a fault (see FaultSpec). Skips count from now on, and only the calls
+/* Arms a fault (see Fault). Skips count from now on, and only the calls
  * the fault takes count. When several faults take a call, the one armed
  * first that no longer skips answers; the others that still skip count it. Any name is taken,
  * also of calls the library does not have yet. A call that fails on its
  * handle or arguments, or runs into its time-out, never reaches the target
  * and neither counts nor uses up a fault; text calls never reach it. */
-TAVO_API void InjectFault(const FaultSpec &fault);
+TAVO_API void InjectFault(const Fault &fault);
 /* The same for every call named `call`, whatever its inputs. */
 TAVO_API void InjectFault(const QString &call, TAVO_RESULT result, int count = -1, int skip = 0);
 /* Shorthands. */

@@ -88,7 +88,7 @@ void Reset()
     SimTarget::instance().reset();
 }
 
-void InjectFault(const FaultSpec &fault)
+void InjectFault(const Fault &fault)
 {
     SimTarget::instance().armFault(fault);
 }

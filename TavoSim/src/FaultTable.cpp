@@ -4,21 +4,21 @@
 
 namespace TavoSim {
 
-void FaultTable::arm(const FaultSpec &fault)
+void FaultTable::arm(const Fault &fault)
 {
     if (fault.count == 0)
         return;
     Armed armed{fault, fault.call == QLatin1String("*")};
-    armed.spec.count = std::max(armed.spec.count, -1);
-    armed.spec.skip = std::max(armed.spec.skip, 0);
+    armed.fault.count = std::max(armed.fault.count, -1);
+    armed.fault.skip = std::max(armed.fault.skip, 0);
     m_faults.push_back(armed);
 }
 
-bool FaultTable::takes(const Armed &fault, const QString &call, const QStringList &inputs)
+bool FaultTable::takes(const Armed &armed, const QString &call, const QStringList &inputs)
 {
-    if (!fault.anyCall && fault.spec.call != call)
+    if (!armed.anyCall && armed.fault.call != call)
         return false;
-    return std::all_of(fault.spec.args.cbegin(), fault.spec.args.cend(),
+    return std::all_of(armed.fault.args.cbegin(), armed.fault.args.cend(),
                        [&](const QString &arg) { return inputs.contains(arg); });
 }
 
@@ -26,21 +26,21 @@ std::optional<TAVO_RESULT> FaultTable::take(const QString &call, const QStringLi
 {
     std::optional<TAVO_RESULT> fired;
     bool exhausted = false;
-    for (Armed &fault : m_faults) {
-        if (!takes(fault, call, inputs))
+    for (Armed &armed : m_faults) {
+        if (!takes(armed, call, inputs))
             continue;
-        FaultSpec &spec = fault.spec;
-        if (spec.skip > 0) {
-            --spec.skip;
+        Fault &fault = armed.fault;
+        if (fault.skip > 0) {
+            --fault.skip;
         } else if (!fired) {
-            fired = spec.result;
-            if (spec.count > 0 && --spec.count == 0)
+            fired = fault.result;
+            if (fault.count > 0 && --fault.count == 0)
                 exhausted = true;
         }
     }
     if (exhausted)
         m_faults.erase(std::remove_if(m_faults.begin(), m_faults.end(),
-                                      [](const Armed &fault) { return fault.spec.count == 0; }),
+                                      [](const Armed &armed) { return armed.fault.count == 0; }),
                        m_faults.end());
     return fired;
 }

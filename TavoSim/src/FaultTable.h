@@ -11,7 +11,7 @@
 namespace TavoSim {
 
 /*
- * The faults armed on the simulated target (FaultSpec). Not locked: the
+ * The faults armed on the simulated target (TavoSim::Fault). Not locked: the
  * target guards it.
  *
  * Skips count from the moment a fault is armed, so every call a fault takes
@@ -21,7 +21,7 @@ namespace TavoSim {
 class FaultTable
 {
 public:
-    void arm(const FaultSpec &fault);
+    void arm(const Fault &fault);
     void clear() { m_faults.clear(); }
 
     /* Called once for each call that reaches the target, with its logged
@@ -31,11 +31,11 @@ public:
 private:
     struct Armed
     {
-        FaultSpec spec;
+        Fault fault;
         bool anyCall; /* "*" */
     };
 
-    static bool takes(const Armed &fault, const QString &call, const QStringList &inputs);
+    static bool takes(const Armed &armed, const QString &call, const QStringList &inputs);
 
     std::vector<Armed> m_faults;
 };

@@ -61,7 +61,7 @@ void SimTarget::patchProfile(const TargetProfile &profile, const QStringList &re
     m_profile = profile;
     m_state.nvram = records;
     if (armProfileFaults) {
-        for (const FaultSpec &fault : qAsConst(m_profile.faults))
+        for (const Fault &fault : qAsConst(m_profile.faults))
             m_faults.arm(fault);
     }
 }
@@ -87,14 +87,14 @@ void SimTarget::resetLocked()
         m_state.nvramFile = &m_nvramFile;
     }
     m_faults.clear();
-    for (const FaultSpec &fault : qAsConst(m_profile.faults))
+    for (const Fault &fault : qAsConst(m_profile.faults))
         m_faults.arm(fault);
     m_latencies.clear();
     m_log.clear();
     m_textOverrides.clear();
 }
 
-void SimTarget::armFault(const FaultSpec &fault)
+void SimTarget::armFault(const Fault &fault)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     m_faults.arm(fault);

@@ -49,7 +49,7 @@ public:
     void reset();
 
     /* ---- Faults and latency ---- */
-    void armFault(const FaultSpec &fault);
+    void armFault(const Fault &fault);
     void clearFaults();
     void setLatency(const QString &call, int ms);
     /* The latency of `call`: its own, else the one of "*", else 0. */

@@ -329,7 +329,7 @@ void readFaults(ProfileReader &top, TargetProfile &p)
 {
     for (ProfileReader &fault : top.objects("faults")) {
         fault.allowKeys({"call", "args", "result", "count", "skip"});
-        FaultSpec armed;
+        Fault armed;
         armed.call = fault.string("call");
         if (armed.call.isEmpty())
             fault.fail(QStringLiteral("call"), QStringLiteral("expected the name of a call, or \"*\""));

@@ -89,7 +89,7 @@ public:
     bool hasIntegrity = true;
 
     /* Faults armed whenever the profile is loaded or the target reset. */
-    QVector<FaultSpec> faults;
+    QVector<Fault> faults;
 
     /* The commands the two support queries answer 0 for. */
     QSet<QString> offered;

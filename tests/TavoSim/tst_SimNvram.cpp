@@ -134,11 +134,11 @@ private slots:
         QFETCH(QByteArray, fault);
         QFETCH(QList<int>, failing);
         QJsonObject selector = json(fault);
-        TavoSim::FaultSpec spec{selector["call"].toString(), {}, TAVO_ERR_BUSY, selector["count"].toInt(-1),
-                                selector["skip"].toInt()};
+        TavoSim::Fault armed{selector["call"].toString(), {}, TAVO_ERR_BUSY, selector["count"].toInt(-1),
+                             selector["skip"].toInt()};
         const QJsonObject args = selector["args"].toObject();
         for (auto it = args.begin(); it != args.end(); ++it)
-            spec.args << it.key() + '=' + it.value().toVariant().toString();
+            armed.args << it.key() + '=' + it.value().toVariant().toString();
         selector["result"] = TAVO_ERR_BUSY;
 
         QVERIFY(useTarget({}));
@@ -146,7 +146,7 @@ private slots:
         for (const QString how : {"control", "profile", "reset"}) {
             TavoSim::Reset(); /* the profile's faults, from the second round on */
             if (how == "control")
-                TavoSim::InjectFault(spec);
+                TavoSim::InjectFault(armed);
             else if (how == "profile")
                 QVERIFY(TavoSim::PatchProfile({{"faults", QJsonArray{selector}}}));
             const QList<int> results = selectorFlow();
