@@ -17,13 +17,38 @@
 
 namespace TavoSim {
 
-/* One call that reached the simulated target, in the order of arrival. */
+/* One call made to the library, in the order of arrival. */
 struct CallRecord {
     QString name;      /* the library function, e.g. "AST_UBIN_MODE_SETUP_r" */
     int handle = -1;   /* -1 for calls that take no handle */
     int timeoutMs = -1; /* -1 for calls that take no time-out */
     QStringList args;  /* the remaining arguments as "name=value" (inputs only) */
     TAVO_RESULT result = TAVO_OK;
+    /* The call's place among the calls that reached the target since the last
+     * ClearCallLog (or Reset), from 1: what a "*" fault counts. 0 for calls
+     * that did not reach it (text calls, refused handles or arguments,
+     * time-outs). */
+    int targetIndex = 0;
+    /* The integrity record of calibration writes open when the call arrived:
+     * n for the n-th record opened since the last Reset, 0 when none was
+     * open. A start is logged outside the record it opens, its stop inside. */
+    int integrityScope = 0;
+};
+
+/* A fault to arm. It takes the calls named `call`, or every call that reaches
+ * the target when `call` is "*", whose logged inputs (CallRecord::args)
+ * include every "name=value" of `args`; an empty `args` takes them all. Of
+ * the calls it takes, the first `skip` pass normally, then `count` answer
+ * `result` (-1: all of them). For example:
+ *   {"TAVO_NVRAM_Write_r", {"lid=NVRAM_EF_IMEI_IMEISV_LID", "record=2"}, TAVO_ERR_FAILED, 1}
+ *   {"TAVO_QueryAPISupported_r", {"apiName=TAVO_MISC_CalDataIntegrity_StartRec_Ex_r"}}
+ *   {"*", {}, TAVO_ERR_FAILED, 1, n - 1}   the n-th call from now fails once */
+struct Fault {
+    QString call;
+    QStringList args;
+    TAVO_RESULT result = TAVO_ERR_FAILED;
+    int count = -1;
+    int skip = 0;
 };
 
 /* Names of the profiles built into the library, sorted. "default" is a fully
@@ -37,12 +62,30 @@ TAVO_API bool LoadProfile(const QString &nameOrPath, QString *error = nullptr);
 /* Same, from an already parsed profile object (named "custom" when it has
  * no "name"). */
 TAVO_API bool LoadProfileObject(const QJsonObject &profile, QString *error = nullptr);
-/* Lays `patch` over the current profile and loads the result like
- * LoadProfileObject: nested objects merge key by key, any other value
- * replaces the old one. Handy to change one switch of a built-in profile:
+/* What PatchProfile does with what the target went through so far. */
+enum class Patch {
+    KeepState, /* the target goes on as it is; only what the profile describes changes */
+    Reset      /* the target is reset to the patched profile, as by LoadProfileObject */
+};
+/* Lays `patch` over the current profile: nested objects merge key by key,
+ * any other value replaces the old one. Handy to change one switch of a
+ * built-in profile:
  *   PatchProfile({{"multiRat", QJsonObject{{"afcByL1", true}}}});
- * To drop a section, edit CurrentProfile() and load it instead. */
+ * To drop a section, edit CurrentProfile() and load it instead.
+ *
+ * By default (Patch::KeepState) the answers, the offered commands and the
+ * database change, and the target keeps its state: the NVRAM's records,
+ * the database loaded or not, Ubin, the radio and its registers, the
+ * integrity record, the armed faults, latencies, result texts and the call
+ * log. NVRAM records keep their bytes where the patched profile still has
+ * the LID, the record number and the size; the LIDs the patch names in
+ * "nvram.records", and records that are new or of a new size, take the
+ * patched profile's contents (with the NVRAM file laid over them). The
+ * faults the patch lists are armed now, besides those armed already. With
+ * Patch::Reset the target is reset to the patched profile (see Reset). On
+ * failure nothing changes. */
 TAVO_API bool PatchProfile(const QJsonObject &patch, QString *error = nullptr);
+TAVO_API bool PatchProfile(const QJsonObject &patch, Patch mode, QString *error = nullptr);
 /* The name of the current profile (its "name" key, else the built-in name or
  * the file's base name). */
 TAVO_API QString CurrentProfileName();
@@ -50,16 +93,20 @@ TAVO_API QJsonObject CurrentProfile();
 
 /* Back to the state the current profile describes: only the profile's own
  * faults armed, no latencies, empty call log, the library's own result texts,
- * target state as after power-on, database unloaded. */
+ * target state as after power-on (integrity record closed, and the records
+ * numbered from 1 again), database unloaded. */
 TAVO_API void Reset();
 
 /* ---- Faults and latency --------------------------------------------------- */
 
-/* Makes `call` give `result` instead of doing its work. The first `skip`
- * calls after this one pass normally; then `count` calls fail (-1: all).
- * Several faults on one call apply in the order they were added. Any name is
- * taken, also of calls the library does not have yet. A call that fails on
- * its handle or arguments never reaches the target and uses up no fault. */
+/* Arms a fault (see Fault). Skips count from now on, and only the calls
+ * the fault takes count. When several faults take a call, the one armed
+ * first that no longer skips answers; the others that still skip count it. Any name is taken,
+ * also of calls the library does not have yet. A call that fails on its
+ * handle or arguments, or runs into its time-out, never reaches the target
+ * and neither counts nor uses up a fault; text calls never reach it. */
+TAVO_API void InjectFault(const Fault &fault);
+/* The same for every call named `call`, whatever its inputs. */
 TAVO_API void InjectFault(const QString &call, TAVO_RESULT result, int count = -1, int skip = 0);
 /* Shorthands. */
 TAVO_API void FailAlways(const QString &call, TAVO_RESULT result = TAVO_ERR_FAILED);

@@ -14,11 +14,24 @@ CallHistory::Ticket CallHistory::append(const CallRecord &record)
     return m_first + Ticket(m_records.size() - 1);
 }
 
-void CallHistory::setResult(Ticket ticket, TAVO_RESULT result)
+CallRecord *CallHistory::find(Ticket ticket)
 {
     if (ticket < m_first || ticket - m_first >= Ticket(m_records.size()))
-        return;
-    m_records[int(ticket - m_first)].result = result;
+        return nullptr;
+    return &m_records[int(ticket - m_first)];
+}
+
+void CallHistory::setResult(Ticket ticket, TAVO_RESULT result)
+{
+    if (CallRecord *record = find(ticket))
+        record->result = result;
+}
+
+void CallHistory::reached(Ticket ticket)
+{
+    ++m_reached;
+    if (CallRecord *record = find(ticket))
+        record->targetIndex = m_reached;
 }
 
 void CallHistory::clear()
@@ -26,6 +39,7 @@ void CallHistory::clear()
     m_first += Ticket(m_records.size());
     m_records.clear();
     m_counts.clear();
+    m_reached = 0;
 }
 
 } // namespace TavoSim

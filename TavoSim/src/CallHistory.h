@@ -24,6 +24,9 @@ public:
 
     Ticket append(const CallRecord &record);
     void setResult(Ticket ticket, TAVO_RESULT result);
+    /* Counts the call as one that reached the target and stamps its
+     * CallRecord::targetIndex. */
+    void reached(Ticket ticket);
     void clear();
 
     const QVector<CallRecord> &records() const { return m_records; }
@@ -32,9 +35,13 @@ public:
     static constexpr int Capacity = 100000;
 
 private:
+    /* The record of a ticket, or null when it has left the log. */
+    CallRecord *find(Ticket ticket);
+
     QVector<CallRecord> m_records;
     QHash<QString, int> m_counts;
     Ticket m_first = 0; /* ticket of m_records.first() */
+    int m_reached = 0;  /* calls that reached the target */
 };
 
 } // namespace TavoSim

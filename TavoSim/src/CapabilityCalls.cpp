@@ -13,10 +13,12 @@ using namespace TavoSim;
 
 namespace {
 
-/* A request of two 32-bit words, as the multi-record commands take it. */
+/* The multi-record commands take a request of two 32-bit words. */
+constexpr uint32_t kRequestSize = 8;
+
 bool isRequest(const void *request, uint32_t size, quint32 first, quint32 second)
 {
-    if (!request || size != 8)
+    if (!request || size != kRequestSize)
         return false;
     const auto *bytes = static_cast<const uchar *>(request);
     return qFromLittleEndian<quint32>(bytes) == first && qFromLittleEndian<quint32>(bytes + 4) == second;
@@ -36,7 +38,7 @@ TAVO_RESULT recordCommand(const char *call, int handle, uint32_t timeoutMs, cons
 {
     const bool valid = isRequest(request, requestSize, first, second) && record && recordSize >= size;
     return TargetCall(call, handle, timeoutMs,
-                      {RequestInput("request", request, requestSize), Input("requestSize", requestSize),
+                      {RequestInput("request", request, requestSize, kRequestSize), Input("requestSize", requestSize),
                        Input("recordSize", recordSize)})
         .run(valid, [&](const TargetProfile &p, TargetState &) { return copyRecord(p.*answer, record); });
 }

@@ -57,10 +57,20 @@ bool LoadProfileObject(const QJsonObject &profile, QString *error)
 
 bool PatchProfile(const QJsonObject &patch, QString *error)
 {
+    return PatchProfile(patch, Patch::KeepState, error);
+}
+
+bool PatchProfile(const QJsonObject &patch, Patch mode, QString *error)
+{
     const TargetProfile current = SimTarget::instance().profile();
     QString problem;
     std::optional<TargetProfile> parsed = TargetProfile::fromJson(merged(current.json, patch), current.name, &problem);
-    return useLoaded(std::move(parsed), problem, error);
+    if (!parsed || mode == Patch::Reset)
+        return useLoaded(std::move(parsed), problem, error);
+    const QStringList reseeded =
+        patch.value(QStringLiteral("nvram")).toObject().value(QStringLiteral("records")).toObject().keys();
+    SimTarget::instance().patchProfile(*parsed, reseeded, patch.contains(QStringLiteral("faults")));
+    return true;
 }
 
 QString CurrentProfileName()
@@ -78,9 +88,14 @@ void Reset()
     SimTarget::instance().reset();
 }
 
+void InjectFault(const Fault &fault)
+{
+    SimTarget::instance().armFault(fault);
+}
+
 void InjectFault(const QString &call, TAVO_RESULT result, int count, int skip)
 {
-    SimTarget::instance().armFault({call, result, count, skip});
+    InjectFault({call, {}, result, count, skip});
 }
 
 void FailAlways(const QString &call, TAVO_RESULT result)

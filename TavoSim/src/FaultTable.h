@@ -1,43 +1,43 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
 
-#include "TavoCore.h"
+#include "TavoSimControl.h"
 
 namespace TavoSim {
 
-/* One armed fault: `call` answers `result` instead of doing its work, after
- * `skip` calls that pass, for `count` calls (-1: for good). */
-struct FaultSpec
-{
-    QString call;
-    TAVO_RESULT result = TAVO_ERR_FAILED;
-    int count = -1;
-    int skip = 0;
-};
-
 /*
- * The faults armed on the simulated target. Not locked: the target guards it.
+ * The faults armed on the simulated target (TavoSim::Fault). Not locked: the
+ * target guards it.
  *
- * Skips count from the moment a fault is armed, so every call of its name
- * counts down every skipping fault of that name. Among the faults ready to
- * fire, the one armed first fires and uses up one of its count.
+ * Skips count from the moment a fault is armed, so every call a fault takes
+ * (by name, or "*", and inputs) counts down its skip. Among the faults ready
+ * to fire, the one armed first fires and uses up one of its count.
  */
 class FaultTable
 {
 public:
-    void arm(const FaultSpec &fault);
+    void arm(const Fault &fault);
     void clear() { m_faults.clear(); }
 
-    /* Called once for each call that reaches the target: the result of the
-     * fault that fires, if one does. */
-    std::optional<TAVO_RESULT> take(const QString &call);
+    /* Called once for each call that reaches the target, with its logged
+     * inputs: the result of the fault that fires, if one does. */
+    std::optional<TAVO_RESULT> take(const QString &call, const QStringList &inputs);
 
 private:
-    std::vector<FaultSpec> m_faults;
+    struct Armed
+    {
+        Fault fault;
+        bool anyCall; /* "*" */
+    };
+
+    static bool takes(const Armed &armed, const QString &call, const QStringList &inputs);
+
+    std::vector<Armed> m_faults;
 };
 
 } // namespace TavoSim

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QByteArray>
 #include <QHash>
 #include <QJsonObject>
 #include <QSet>
 #include <QString>
 #include <QStringList>
-#include <QVector>
 
 #include <optional>
 
@@ -16,15 +14,13 @@ namespace TavoSim {
 
 class ProfileReader;
 
-/* Records of the target's NVRAM by LID; record number n at index n - 1. */
-using NvramRecords = QHash<QString, QVector<QByteArray>>;
-
 /*
  * The NVRAM database of a software load: which LIDs it has, how large and how
  * many their records are, and which fields it can name. The host loads it
- * with the target; the target's NVRAM holds records of exactly these LIDs.
- * Databases differ between software loads just as targets do, so a profile
- * can take LIDs and field names away and change sizes and counts.
+ * and the database calls answer from it. Databases differ between software
+ * loads just as targets do, so a profile can take LIDs and field names away
+ * and change sizes and counts. The target's NVRAM (TargetNvram) holds the
+ * records the database describes unless the profile says otherwise.
  */
 class NvramDatabase
 {
@@ -56,13 +52,10 @@ public:
      * if the database names it and the record holds it. */
     std::optional<FieldRef> field(const QString &lid, const QString &field) const;
 
+    const QHash<QString, Lid> &lids() const { return m_lids; }
+
     /* Reads the profile's "database" section over the full database. */
     void read(ProfileReader &database);
-
-    /* The records a target with this database holds before anybody writes:
-     * zeros, with the software load's defaults and then the profile's
-     * "nvram.records" (if given) laid over them. */
-    NvramRecords initialRecords(ProfileReader *seeds) const;
 
 private:
     QHash<QString, Lid> m_lids;

@@ -58,6 +58,7 @@ TAVO_RESULT startRecord(const char *call, int handle, uint32_t timeoutMs)
             return TAVO_RESULT(TAVO_ERR_BUSY);
         state.integrityOpen = true;
         state.integrityWrites = 0;
+        ++state.integrityRecords;
         return TAVO_RESULT(TAVO_OK);
     });
 }

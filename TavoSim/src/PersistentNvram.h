@@ -5,7 +5,7 @@
 #include <QMap>
 #include <QString>
 
-#include "NvramDatabase.h"
+#include "TargetNvram.h"
 
 namespace TavoSim {
 

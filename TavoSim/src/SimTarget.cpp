@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
+
 #include "CommandCatalog.h"
 
 namespace TavoSim {
@@ -22,10 +24,12 @@ SimTarget::SimTarget()
     resetLocked();
 }
 
-TAVO_RESULT SimTarget::execute(const QString &call, const Work &work)
+TAVO_RESULT SimTarget::execute(CallHistory::Ticket ticket, const QString &call, const QStringList &inputs,
+                               const Work &work)
 {
-    QMutexLocker lock(&m_mutex);
-    if (const std::optional<TAVO_RESULT> fault = m_faults.take(call))
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_log.reached(ticket);
+    if (const std::optional<TAVO_RESULT> fault = m_faults.take(call, inputs))
         return *fault;
     if (CommandCatalog::contains(call) && !m_profile.offers(call))
         return TAVO_ERR_NOT_SUPPORTED;
@@ -34,20 +38,43 @@ TAVO_RESULT SimTarget::execute(const QString &call, const Work &work)
 
 void SimTarget::useProfile(const TargetProfile &profile)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_profile = profile;
     resetLocked();
 }
 
+void SimTarget::patchProfile(const TargetProfile &profile, const QStringList &reseededLids, bool armProfileFaults)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    NvramRecords records = profile.nvram;
+    if (m_nvramFile.isOpen())
+        m_nvramFile.layOver(records);
+    for (auto lid = records.begin(); lid != records.end(); ++lid) {
+        const auto held = m_state.nvram.constFind(lid.key());
+        if (held == m_state.nvram.constEnd() || reseededLids.contains(lid.key()))
+            continue;
+        for (int i = 0; i < std::min(lid->size(), held->size()); ++i) {
+            if (held->at(i).size() == lid->at(i).size())
+                (*lid)[i] = held->at(i);
+        }
+    }
+    m_profile = profile;
+    m_state.nvram = records;
+    if (armProfileFaults) {
+        for (const Fault &fault : qAsConst(m_profile.faults))
+            m_faults.arm(fault);
+    }
+}
+
 TargetProfile SimTarget::profile() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_profile;
 }
 
 void SimTarget::reset()
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     resetLocked();
 }
 
@@ -60,28 +87,28 @@ void SimTarget::resetLocked()
         m_state.nvramFile = &m_nvramFile;
     }
     m_faults.clear();
-    for (const FaultSpec &fault : qAsConst(m_profile.faults))
+    for (const Fault &fault : qAsConst(m_profile.faults))
         m_faults.arm(fault);
     m_latencies.clear();
     m_log.clear();
     m_textOverrides.clear();
 }
 
-void SimTarget::armFault(const FaultSpec &fault)
+void SimTarget::armFault(const Fault &fault)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_faults.arm(fault);
 }
 
 void SimTarget::clearFaults()
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_faults.clear();
 }
 
 void SimTarget::setLatency(const QString &call, int ms)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (ms > 0)
         m_latencies.insert(call, ms);
     else
@@ -90,7 +117,7 @@ void SimTarget::setLatency(const QString &call, int ms)
 
 int SimTarget::latency(const QString &call) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     const auto own = m_latencies.constFind(call);
     if (own != m_latencies.constEnd())
         return *own;
@@ -99,7 +126,7 @@ int SimTarget::latency(const QString &call) const
 
 void SimTarget::setResultText(TAVO_RESULT result, const QString &text)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (text.isNull())
         m_textOverrides.erase(result);
     else
@@ -108,14 +135,14 @@ void SimTarget::setResultText(TAVO_RESULT result, const QString &text)
 
 const char *SimTarget::resultTextOverride(TAVO_RESULT result) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     const auto it = m_textOverrides.find(result);
     return it == m_textOverrides.end() ? nullptr : it->second;
 }
 
 const char *SimTarget::intern(const QByteArray &text)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return internLocked(text);
 }
 
@@ -124,51 +151,57 @@ const char *SimTarget::internLocked(const QByteArray &text)
     return m_texts.insert(text).first->constData();
 }
 
-CallHistory::Ticket SimTarget::logCall(const CallRecord &record)
+CallHistory::Ticket SimTarget::logCall(CallRecord record)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    record.integrityScope = m_state.integrityOpen ? m_state.integrityRecords : 0;
     return m_log.append(record);
 }
 
 void SimTarget::logResult(CallHistory::Ticket ticket, TAVO_RESULT result)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_log.setResult(ticket, result);
 }
 
 QVector<CallRecord> SimTarget::callLog() const
 {
-    QMutexLocker lock(&m_mutex);
-    return m_log.records();
+    std::lock_guard<std::mutex> lock(m_mutex);
+    /* A block of its own: Qt tells a shared block by a relaxed load, so an
+     * append here after the caller let go of a shared copy would race with
+     * the caller's last reads. */
+    QVector<CallRecord> copy = m_log.records();
+    copy.detach();
+    return copy;
 }
 
 int SimTarget::callCount(const QString &call) const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_log.count(call);
 }
 
 void SimTarget::clearCallLog()
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_log.clear();
 }
 
 TargetState SimTarget::state() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_state;
 }
 
 void SimTarget::setDatabaseLoaded(bool loaded)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     m_state.databaseLoaded = loaded;
 }
 
 bool SimTarget::setNvramFile(const QString &path, QString *error)
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_nvramFile.open(path, error))
         return false;
     m_state.nvramFile = m_nvramFile.isOpen() ? &m_nvramFile : nullptr;
@@ -178,7 +211,7 @@ bool SimTarget::setNvramFile(const QString &path, QString *error)
 
 QString SimTarget::nvramFile() const
 {
-    QMutexLocker lock(&m_mutex);
+    std::lock_guard<std::mutex> lock(m_mutex);
     return m_nvramFile.path();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QHash>
-#include <QMutex>
 
 #include <functional>
 #include <map>
+#include <mutex>
 #include <set>
 
 #include "CallHistory.h"
@@ -20,6 +20,8 @@ namespace TavoSim {
  * latencies and the call log, all behind one mutex. Every member function
  * locks for itself and may be called from any thread. Nothing sleeps while
  * holding the lock: latencies are served by TargetCall before it comes here.
+ * The lock is a std::mutex, which ThreadSanitizer sees; the locks of the
+ * system's Qt are not instrumented and would hide it.
  */
 class SimTarget
 {
@@ -29,19 +31,25 @@ public:
     /* The work of a call, done under the lock. */
     using Work = std::function<TAVO_RESULT(const TargetProfile &, TargetState &)>;
 
-    /* Runs a call that has reached the target: a fault that fires answers
-     * instead, a catalogued command the profile does not offer answers
-     * TAVO_ERR_NOT_SUPPORTED, anything else does its work. */
-    TAVO_RESULT execute(const QString &call, const Work &work);
+    /* Runs a call that has reached the target (logged as `ticket`, with its
+     * logged `inputs`): a fault that fires answers instead, a catalogued
+     * command the profile does not offer answers TAVO_ERR_NOT_SUPPORTED,
+     * anything else does its work. */
+    TAVO_RESULT execute(CallHistory::Ticket ticket, const QString &call, const QStringList &inputs, const Work &work);
 
     /* ---- Profile ---- */
     /* Makes `profile` the current one and resets the target to it. */
     void useProfile(const TargetProfile &profile);
+    /* Makes `profile` the current one and keeps the target's state (see
+     * PatchProfile): the records of the LIDs in `reseededLids` come from the
+     * profile, and so do those it adds or resizes; the others stay. The
+     * profile's faults are armed too when `armProfileFaults`. */
+    void patchProfile(const TargetProfile &profile, const QStringList &reseededLids, bool armProfileFaults);
     TargetProfile profile() const;
     void reset();
 
     /* ---- Faults and latency ---- */
-    void armFault(const FaultSpec &fault);
+    void armFault(const Fault &fault);
     void clearFaults();
     void setLatency(const QString &call, int ms);
     /* The latency of `call`: its own, else the one of "*", else 0. */
@@ -56,7 +64,8 @@ public:
     const char *intern(const QByteArray &text);
 
     /* ---- Call log ---- */
-    CallHistory::Ticket logCall(const CallRecord &record);
+    /* Logs a call on its arrival, with the integrity record it falls in. */
+    CallHistory::Ticket logCall(CallRecord record);
     void logResult(CallHistory::Ticket ticket, TAVO_RESULT result);
     QVector<CallRecord> callLog() const;
     int callCount(const QString &call) const;
@@ -77,7 +86,7 @@ private:
     void resetLocked();
     const char *internLocked(const QByteArray &text);
 
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     TargetProfile m_profile;
     TargetState m_state;
     FaultTable m_faults;

@@ -36,7 +36,7 @@ TAVO_RESULT TargetCall::run(bool argumentsValid, const SimTarget::Work &work)
         }
         if (latency > 0)
             QThread::msleep(static_cast<unsigned long>(latency));
-        return target.execute(m_name, work);
+        return target.execute(ticket, m_name, m_inputs, work);
     }();
 
     target.logResult(ticket, result);
@@ -56,14 +56,14 @@ QString Input(const char *name, const char *text)
     return QLatin1String(name) + QLatin1Char('=') + (text ? QString::fromUtf8(text) : QStringLiteral("null"));
 }
 
-QString RequestInput(const char *name, const void *request, uint32_t size)
+QString RequestInput(const char *name, const void *request, uint32_t size, uint32_t taken)
 {
     if (!request)
         return QLatin1String(name) + QStringLiteral("=null");
     const auto *bytes = static_cast<const uchar *>(request);
-    const uint32_t shown = std::min<uint32_t>(size, 256);
+    const uint32_t shown = std::min(size, taken);
     QStringList parts;
-    if (size % 4 == 0) {
+    if (shown % 4 == 0) {
         for (uint32_t offset = 0; offset < shown; offset += 4)
             parts << QString::number(qFromLittleEndian<quint32>(bytes + offset));
     } else {

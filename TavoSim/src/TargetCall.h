@@ -64,8 +64,11 @@ QString Input(const char *name, const T *value)
     return value ? Input(name, *value) : QLatin1String(name) + QStringLiteral("=null");
 }
 
-/* A request record: its 32-bit words ("4,132") when it has whole words,
- * else its bytes in hex; "null" for a null pointer. */
-QString RequestInput(const char *name, const void *request, uint32_t size);
+/* A request record of `size` bytes, of which the command takes `taken`: the
+ * bytes it takes (never more than `size`), as 32-bit words ("4,132") when
+ * they are whole words, else in hex, followed by "..." when the caller gave
+ * more; "null" for a null pointer. Only the bytes both sides agree on are
+ * read, so a wrong size never reads past the caller's buffer. */
+QString RequestInput(const char *name, const void *request, uint32_t size, uint32_t taken);
 
 } // namespace TavoSim

@@ -256,22 +256,26 @@ void readDatabase(ProfileReader &top, TargetProfile &p)
         p.database.read(*database);
 }
 
-/* After readDatabase: the records are those of the database's LIDs. */
+/* After readDatabase: the target holds the records the database describes,
+ * unless "nvram.target" says otherwise. */
 void readNvram(ProfileReader &top, TargetProfile &p)
 {
+    TargetNvram target(p.database);
     std::optional<ProfileReader> nvram = top.object("nvram");
     if (!nvram) {
-        p.nvram = p.database.initialRecords(nullptr);
+        p.nvram = target.initialRecords(nullptr);
         return;
     }
-    nvram->allowKeys({"integrity", "records"});
+    nvram->allowKeys({"integrity", "target", "records"});
     const QString integrity = nvram->string("integrity", QStringLiteral("ex"));
     p.hasIntegrityEx = integrity == QLatin1String("ex");
     p.hasIntegrity = integrity != QLatin1String("none");
     if (!p.hasIntegrityEx && integrity != QLatin1String("plain") && p.hasIntegrity)
         nvram->fail(QStringLiteral("integrity"), QStringLiteral("expected one of \"ex\", \"plain\", \"none\""));
+    if (std::optional<ProfileReader> lids = nvram->object("target"))
+        target.read(*lids);
     std::optional<ProfileReader> records = nvram->object("records");
-    p.nvram = p.database.initialRecords(records ? &*records : nullptr);
+    p.nvram = target.initialRecords(records ? &*records : nullptr);
 }
 
 /* Names of "commands.offered"/"withheld": what the two support queries take. */
@@ -288,14 +292,48 @@ QStringList readCommandNames(ProfileReader &commands, const char *key)
     return names;
 }
 
+/* A fault's "args": input name -> the string or integer it must have, as
+ * the call log writes it ("name=value"). */
+QStringList readFaultArgs(ProfileReader &fault)
+{
+    std::optional<ProfileReader> args = fault.object("args");
+    if (!args)
+        return {};
+    QStringList selector;
+    for (const QString &name : args->keys()) {
+        const QByteArray key = name.toLatin1();
+        if (args->isAbsent(key.constData()))
+            continue;
+        if (name.isEmpty() || name.contains(QLatin1Char('='))) {
+            args->fail(name, QStringLiteral("not the name of an input"));
+            return {};
+        }
+        const QJsonValue value = args->value(key.constData());
+        if (value.isString()) {
+            selector << name + QLatin1Char('=') + value.toString();
+            continue;
+        }
+        if (!value.isDouble()) {
+            args->fail(name, QStringLiteral("expected a string or an integer"));
+            return {};
+        }
+        const std::optional<qint64> number = args->integer(key.constData(), -kU32Max, kU32Max);
+        if (!number)
+            return {};
+        selector << name + QLatin1Char('=') + QString::number(*number);
+    }
+    return selector;
+}
+
 void readFaults(ProfileReader &top, TargetProfile &p)
 {
     for (ProfileReader &fault : top.objects("faults")) {
-        fault.allowKeys({"call", "result", "count", "skip"});
-        FaultSpec armed;
+        fault.allowKeys({"call", "args", "result", "count", "skip"});
+        Fault armed;
         armed.call = fault.string("call");
         if (armed.call.isEmpty())
-            fault.fail(QStringLiteral("call"), QStringLiteral("expected the name of a call"));
+            fault.fail(QStringLiteral("call"), QStringLiteral("expected the name of a call, or \"*\""));
+        armed.args = readFaultArgs(fault);
         armed.result = TAVO_RESULT(fault.integer("result", std::numeric_limits<TAVO_RESULT>::min(),
                                                 std::numeric_limits<TAVO_RESULT>::max())
                                       .value_or(TAVO_ERR_FAILED));

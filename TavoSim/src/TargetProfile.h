@@ -11,6 +11,7 @@
 
 #include "FaultTable.h"
 #include "NvramDatabase.h"
+#include "TargetNvram.h"
 #include "TavoCore.h"
 
 namespace TavoSim {
@@ -78,7 +79,8 @@ public:
     quint8 tadcChannel = 0;
 
     /* The NVRAM database of the software load, and the records the target's
-     * NVRAM holds before anybody writes to it. */
+     * NVRAM holds before anybody writes to it (which need not be those the
+     * database describes). */
     NvramDatabase database;
     NvramRecords nvram;
     /* Which integrity record commands the target has: the Ex pair, the
@@ -87,7 +89,7 @@ public:
     bool hasIntegrity = true;
 
     /* Faults armed whenever the profile is loaded or the target reset. */
-    QVector<FaultSpec> faults;
+    QVector<Fault> faults;
 
     /* The commands the two support queries answer 0 for. */
     QSet<QString> offered;

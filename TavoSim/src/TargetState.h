@@ -3,7 +3,7 @@
 #include <QHash>
 #include <QtGlobal>
 
-#include "NvramDatabase.h"
+#include "TargetNvram.h"
 
 namespace TavoSim {
 
@@ -39,9 +39,11 @@ struct TargetState
     PersistentNvram *nvramFile = nullptr;
 
     /* The integrity record of calibration writes: open between a start and
-     * a stop, counting the records written meanwhile. */
+     * a stop, counting the records written meanwhile; and how many records
+     * were opened since power-on (the open one is the last). */
     bool integrityOpen = false;
     quint32 integrityWrites = 0;
+    int integrityRecords = 0;
 
     RadioState radio;
     /* Baseband registers written since power-on; others read their reset value. */
