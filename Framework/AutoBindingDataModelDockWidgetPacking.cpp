@@ -265,20 +265,20 @@ void CAutoBindingDataModelDockWidget::UpdateType3Widget(QWidget *widget, QString
                 qCritical() << "---> [Fail][Update][type3] Not support this data type yet <---";
             continue;
         }
+        // A cell is of the class its row's data type made at initialisation;
+        // a model with more columns, or with rows that moved since, meets
+        // missing cells or cells of another class, which keep what they show.
         for (int c = 0; c < columns; ++c) {
             QWidget *cell = table->cellWidget(r, c);
-            if (!cell)
-                continue;
             const QString value = EntryOrLast(values, c).toString();
-            if (dataType == "pointRange")
-                static_cast<QDoubleSpinBox *>(cell)->setValue(value.toDouble());
-            else if (dataType == "unsignedRange")
-                static_cast<CUnsignedSpinBox *>(cell)->setText(
-                    QString::number(value.toUInt(nullptr, 10), base).toUpper());
-            else if (dataType == "range")
-                static_cast<QSpinBox *>(cell)->setValue(ToIntBase10(value));
-            else
-                static_cast<QLabel *>(cell)->setText(value);
+            if (auto *real = qobject_cast<QDoubleSpinBox *>(cell); real && dataType == "pointRange")
+                real->setValue(value.toDouble());
+            else if (auto *field = qobject_cast<CUnsignedSpinBox *>(cell); field && dataType == "unsignedRange")
+                field->setText(QString::number(value.toUInt(nullptr, 10), base).toUpper());
+            else if (auto *number = qobject_cast<QSpinBox *>(cell); number && dataType == "range")
+                number->setValue(ToIntBase10(value));
+            else if (auto *label = qobject_cast<QLabel *>(cell); label && dataType == "label")
+                label->setText(value);
         }
     }
     table->setVerticalHeaderLabels(captions);
@@ -307,7 +307,11 @@ void CAutoBindingDataModelDockWidget::UpdateType2Widget(QWidget *widget, QString
                     .toString();
             qDebug() << "---> [Update][type2] ==" << r << c << "== Data type <---" << dataType
                      << "== defaultValue <---" << value;
+            // A model with more instances or members than the table has
+            // cells leaves the rest unshown.
             QWidget *cell = table->cellWidget(r, c);
+            if (!cell)
+                continue;
             if (dataType == "pointRange" && IsClass(cell, "QDoubleSpinBox"))
                 static_cast<QDoubleSpinBox *>(cell)->setValue(value.toDouble());
             else if (dataType == "range" && IsClass(cell, "QSpinBox"))

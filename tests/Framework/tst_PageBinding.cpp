@@ -309,20 +309,37 @@ private slots:
     void instanceTable()
     {
         TestPage page;
-        auto *table = page.Add<QTableWidget>("cmdIf_request_group1_memberProperty_gain");
+        auto *table = page.Add<QTableWidget>("cmdIf_response_group1_memberProperty_gain");
         const QJsonObject group = Json(
             R"({"instanceList":["hi","lo"],"instanceProperty":{"hi":{"caption":"High"},"lo":{"caption":"Low"}},)"
             R"("memberProperty":{"hi":{"gain":{"defaultValue":"3"},"note":{"defaultValue":"ok"}},"lo":{"gain":{"defaultValue":"99"}}}})");
         const QJsonObject members{
             {"gain", Json(R"({"caption":"Gain","defaultSupport":1,"trait":{"dataType":"range","value":{"min":0,"max":9}}})")},
             {"note", Json(R"({"caption":"Note","defaultSupport":1,"trait":{"dataType":"label"}})")}};
-        QVERIFY(page.Load(GroupModel(members, 2, group)));
+        const QJsonObject model = GroupModel(members, 2, group, "response");
+        QVERIFY(page.Load(model));
         QCOMPARE(table->rowCount(), 2);
         QCOMPARE(table->columnCount(), 2);
         QCOMPARE(table->verticalHeaderItem(1)->text(), QString("Low"));
         QCOMPARE(CellText(table, 0, 0), QString("QSpinBox 0..9 value=3 base=10 tip=0~9"));
         QCOMPARE(CellText(table, 1, 0), QString("QSpinBox 0..9 value=4 base=10 tip=0~9"));
         QCOMPARE(CellText(table, 1, 1), QString("QLabel text=0 tip="));
+
+        // An answer with an instance and a member more than the table has cells
+        // shows what fits.
+        QJsonObject answer = model;
+        QJsonObject answerGroup = GetJsonValueConst(model, "cmdIf.response.group1").toObject();
+        answerGroup["instanceList"] = QJsonArray{"hi", "lo", "extra"};
+        answerGroup["memberList"] = QJsonArray{"gain", "note", "more"};
+        QJsonObject property = answerGroup["memberProperty"].toObject();
+        property["more"] = Json(R"({"trait":{"dataType":"label"}})");
+        property["hi"] = Json(R"({"gain":{"defaultValue":"7"},"more":{"defaultValue":"x"}})");
+        property["extra"] = Json(R"({"gain":{"defaultValue":"1"}})");
+        answerGroup["memberProperty"] = property;
+        QVERIFY(SetJsonValue(answer, "cmdIf.response.group1", answerGroup));
+        page.UpdateWidgets(answer);
+        QCOMPARE(CellText(table, 0, 0), QString("QSpinBox 0..9 value=7 base=10 tip=0~9"));
+        QCOMPARE(table->rowCount(), 2);
     }
 
     void textThatIsNoModel_data()
