@@ -63,20 +63,29 @@ bool CellValue(QWidget *cell, const QString &dataType, QString &value)
     return true;
 }
 
-// Writes `value` under the member's name in its group's memberValue,
-// creating memberValue with the first member.
-bool WriteMemberValue(QJsonObject &model, const QString &path, const QJsonValue &value)
+// Where the value of the member at `path` goes: the group's memberValue,
+// under the member's name.
+struct SValueTarget {
+    explicit SValueTarget(const QString &path)
+    {
+        const int at = path.indexOf("memberProperty");
+        valuePath = path.left(at) + "memberValue";
+        groupPath = path.left(at - 1);
+        member = path.mid(path.lastIndexOf('.') + 1);
+    }
+    QString valuePath;
+    QString groupPath;
+    QString member;
+};
+
+// Writes `value` into memberValue, creating memberValue with the first member.
+bool WriteMemberValue(QJsonObject &model, const SValueTarget &target, const QJsonValue &value)
 {
-    const int at = path.indexOf("memberProperty");
-    const QString valuePath = path.left(at) + "memberValue";
-    const QString groupPath = path.left(at - 1);
-    const QString member = path.mid(path.lastIndexOf('.') + 1);
-    qDebug() << "---> Path in memberValue <--- " << valuePath << groupPath << "---> Value <--- " << value;
-    if (IsJsonPathMissing(model, valuePath))
-        return InsertJsonValue(model, groupPath, "memberValue", member, value);
-    QJsonObject values = GetJsonValue(model, valuePath).toObject();
-    values.insert(member, value);
-    return SetJsonValue(model, valuePath, values);
+    if (IsJsonPathMissing(model, target.valuePath))
+        return InsertJsonValue(model, target.groupPath, "memberValue", target.member, value);
+    QJsonObject values = GetJsonValue(model, target.valuePath).toObject();
+    values.insert(target.member, value);
+    return SetJsonValue(model, target.valuePath, values);
 }
 
 } // namespace
@@ -116,9 +125,10 @@ void CAutoBindingDataModelDockWidget::PackageType1Widget(QWidget *widget, QStrin
         qCritical() << "---> [Fail][Package][type1] : Not support this type yet <--- " << ClassOf(widget);
         return;
     }
-    qDebug() << "---> [Package][type1] Path in memberValue <--- " << path << "---> [Package][type1] Value <--- "
-             << value;
-    if (!WriteMemberValue(m_model, path, value))
+    const SValueTarget target(path);
+    qDebug() << "---> [Package][type1] Path in memberValue <--- " << target.valuePath << target.groupPath
+             << "---> [Package][type1] Value <--- " << value;
+    if (!WriteMemberValue(m_model, target, value))
         qCritical() << "---> [Fail][Package][type1] : memberValuePath <--- " << path;
 }
 
@@ -150,7 +160,7 @@ void CAutoBindingDataModelDockWidget::PackageType3Widget(QWidget *widget, QStrin
         const QString memberPath = group + ".memberProperty." + rows[r];
         qDebug() << "---> [Package][type3] Path in memberValue <--- " << memberPath
                  << "---> [Package][type3] Value array<--- " << values;
-        if (!WriteMemberValue(m_model, memberPath, values))
+        if (!WriteMemberValue(m_model, SValueTarget(memberPath), values))
             qCritical() << "---> [Fail][Package][type3] : memberValuePath <--- " << memberPath;
     }
 }

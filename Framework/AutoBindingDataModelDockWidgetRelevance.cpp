@@ -272,14 +272,26 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString 
     }
 }
 
-QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &path, const char *relevance, int &row,
-                                                              int &columns)
+struct CAutoBindingDataModelDockWidget::STableSearchTrace {
+    const char *rowInfo;
+    const char *columnInfo; // nullptr: not traced
+    const char *notTable;
+    const char *noTable;
+    const char *tableFound;
+    const char *noRow;
+    const char *rowFound;
+};
+
+QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &path, const STableSearchTrace &trace,
+                                                              int &row, int &columns)
 {
     const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
     const QJsonObject memberProperty = group.value("memberProperty").toObject();
     columns = memberProperty.value("dimentionCount").toInt(0);
     const QStringList rows = SupportedRows(memberProperty, group.value("memberList").toArray());
-    qDebug().noquote() << QString("---> [%1][type3] Get row info <--- ").arg(relevance) << rows;
+    qDebug() << trace.rowInfo << rows;
+    if (trace.columnInfo)
+        qDebug() << trace.columnInfo << columns;
 
     QTableWidget *table = nullptr;
     for (const QString &member : rows) {
@@ -287,24 +299,23 @@ QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &pat
         if (!candidate)
             continue;
         if (!IsClass(candidate, "QTableWidget")) {
-            qCritical().noquote() << QString("---> [Fail][%1][type3] The widget is no table: ").arg(relevance)
-                                  << ClassOf(candidate);
+            qCritical() << trace.notTable << ClassOf(candidate);
             continue;
         }
         table = static_cast<QTableWidget *>(candidate);
         break;
     }
     if (!table) {
-        qCritical().noquote() << QString("---> [Fail][%1][type3] Cannot fine widget pointer").arg(relevance) << path;
+        qCritical() << trace.noTable << path;
         return nullptr;
     }
-    qDebug().noquote() << QString("---> [%1][type3] Find the widget pointer!!!!!!!!! <--- ").arg(relevance);
+    qDebug() << trace.tableFound;
     row = rows.indexOf(path.mid(path.lastIndexOf('.') + 1));
     if (row < 0) {
-        qCritical().noquote() << QString("---> [Fail][%1][type3] Cannot fine row index").arg(relevance) << path;
+        qCritical() << trace.noRow << path;
         return nullptr;
     }
-    qDebug().noquote() << QString("---> [%1][type3] Find the row index <--- ").arg(relevance) << row;
+    qDebug() << trace.rowFound << row;
     return table;
 }
 
@@ -336,9 +347,17 @@ void CAutoBindingDataModelDockWidget::RecomputeSpinCells(QTableWidget *table, in
 
 void CAutoBindingDataModelDockWidget::ValueRelevanceType3(QString path, QString key)
 {
+    static const STableSearchTrace trace{
+        "---> [Value Relevance][type3] Get row info <--- ",
+        "---> [Value Relevance][type3] Get column info <--- ",
+        "---> [Fail][Value Relevance][type3] The widget is no table: ",
+        "---> [Fail][Value Relevance][type3] Cannot fine widget pointer",
+        "---> [Value Relevance][type3] Find!!!!!!!!! <--- ",
+        "---> [Fail][Value Relevance][type3] Cannot fine row index",
+        "---> [Value Relevance][type3] Find the row index <--- "};
     int row = 0;
     int columns = 0;
-    QTableWidget *table = FindGroupTable(path, "Value Relevance", row, columns);
+    QTableWidget *table = FindGroupTable(path, trace, row, columns);
     if (!table)
         return;
     const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
@@ -431,9 +450,17 @@ void CAutoBindingDataModelDockWidget::StatusRelevanceType1(QString path, QString
 
 void CAutoBindingDataModelDockWidget::StatusRelevanceType3(QString path, QString key)
 {
+    static const STableSearchTrace trace{
+        "---> [Status Relevance][type3] Get row info <--- ",
+        nullptr,
+        "---> [Fail][Status Relevance][type3] The widget is no table: ",
+        "---> [Fail][Status Relevance][type3] Cannot fine widget pointer",
+        "---> [Status Relevance][type3] Find the widget pointer!!!!!!!!! <--- ",
+        "---> [Fail][Status Relevance][type3] Cannot fine row index",
+        "---> [Status Relevance][type3] Find the row index <--- "};
     int row = 0;
     int columns = 0;
-    QTableWidget *table = FindGroupTable(path, "Status Relevance", row, columns);
+    QTableWidget *table = FindGroupTable(path, trace, row, columns);
     if (!table)
         return;
     const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
