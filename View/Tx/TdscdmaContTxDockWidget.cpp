@@ -1,7 +1,6 @@
 #include "TdscdmaContTxDockWidget.h"
 
-#include <QDebug>
-
+#include "RadbenchLog.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaContTxDockWidget.h"
 
@@ -41,7 +40,7 @@ void CTdscdmaContTxDockWidget::Slot_TriggerStopTest()
 
 void CTdscdmaContTxDockWidget::on_m_start_clicked()
 {
-    qDebug() << "on_m_start_clicked";
+    qCDebug(lcView) << "on_m_start_clicked";
     m_ui->m_start->setEnabled(false);
     emit Signal_PluginIsBusy(true);
     const std::string model = PackageMemberValue();
