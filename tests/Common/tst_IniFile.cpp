@@ -11,6 +11,7 @@
 #include "CalTextConverters.h"
 #include "TIniFile.h"
 #include "TestFiles.h"
+#include "TestLog.h"
 
 using TestFiles::Read;
 using TestFiles::Write;
@@ -43,6 +44,7 @@ class TestIniFile : public QObject {
 private slots:
     void initTestCase()
     {
+        TestLog::SetCategory("radbench.debugger", QtDebugMsg, true);
         QVERIFY(m_tmp.isValid());
         m_dir = m_tmp.path() + QString::fromUtf8("/Kalibrierung Äö 校准");
         QVERIFY(QDir().mkpath(m_dir));

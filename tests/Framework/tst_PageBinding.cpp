@@ -144,7 +144,7 @@ private slots:
         QFETCH(QString, failure);
         TestPage page;
         QWidget *widget = page.AddOf(widgetClass, kMember);
-        TestLog::CriticalCapture log;
+        TestLog::Capture log(QtCriticalMsg);
         QVERIFY(page.Load(GroupModel(QJsonObject{{"m", Json("{" + member + "}")}})));
         QTEST(Describe(widget), "shown");
         if (failure.isEmpty())
@@ -178,7 +178,7 @@ private slots:
                                  {"defaultSupport", support},
                                  {"defaultEnableStatus", 1},
                                  {"trait", QJsonObject{{"dataType", "label"}, {"defaultValue", "7"}}}};
-        TestLog::CriticalCapture log;
+        TestLog::Capture log(QtCriticalMsg);
         QVERIFY(page.Load(GroupModel(QJsonObject{{"m", member}})));
         QTEST(Describe(caption), "shown");
         QCOMPARE(field->isHidden(), support == 0);
@@ -358,7 +358,7 @@ private slots:
         TestPage page;
         page.Add<QLabel>(kMember);
         page.Add<QLabel>("cmdIf_request_group1_memberProperty_n");
-        TestLog::CriticalCapture log;
+        TestLog::Capture log(QtCriticalMsg);
         QVERIFY(page.Load(text.toStdString()));
         QTEST(page.IsModelReady(), "ready");
         QTEST(log.Count("====== Failed processing name"), "failures");
@@ -409,6 +409,38 @@ private slots:
             QCOMPARE(Text(GetJsonValueConst(model, "cmdIf.request.group1.memberValue.other")), QString(R"("x")"));
     }
 
+    // Trace lines whose wording belongs to the system.
+    void traceLines_data()
+    {
+        QTest::addColumn<bool>("pack"); // else: a band change
+        QTest::addColumn<QString>("line");
+        QTest::newRow("packing a field names the value and group paths")
+            << true << R"(---> [Package][type1] Path in memberValue <---  "cmdIf.request.group1.memberValue" )"
+                       R"("cmdIf.request.group1" ---> [Package][type1] Value <---  QJsonValue(string, "B"))";
+        QTest::newRow("value relevance of a table: columns") << false << "---> [Value Relevance][type3] Get column info <---  3";
+        QTest::newRow("value relevance of a table: found") << false << "---> [Value Relevance][type3] Find!!!!!!!!! <--- ";
+    }
+    void traceLines()
+    {
+        QFETCH(bool, pack);
+        QFETCH(QString, line);
+        TestPage page;
+        auto *band = page.Add<QComboBox>("cmdIf_request_group1_memberProperty_band");
+        page.Add<QTableWidget>("cmdIf_request_group2_memberProperty_u");
+        QVERIFY(page.Load(Json(
+            R"({"cmdIf":{"request":{"group1":{"groupType":1,"memberList":["band"],"memberProperty":{)"
+            R"("band":{"defaultSupport":1,"defaultEnableStatus":1,"publishValueList":["request.group2.memberProperty.u"],)"
+            R"("trait":{"dataType":"list","defaultValue":"A","value":["A","B"]}}}},)"
+            R"("group2":{"groupType":3,"memberList":["u"],"memberProperty":{"dimentionCount":3,)"
+            R"("u":{"defaultSupport":1,"defaultEnableStatus":1,"subscribeValue":"request.group1.memberProperty.band",)"
+            R"("trait":{"dataType":"range","defaultValue":["0"],"valuePair":{"A":{"min":0,"max":9},"B":{"min":5,"max":7}}}}}}}}})")));
+        TestLog::Capture log(QtDebugMsg);
+        band->setCurrentText("B");
+        if (pack)
+            page.PackageMemberValue();
+        QVERIFY2(log.Lines().contains(line), qPrintable(log.Lines().join('\n')));
+    }
+
     void storedModels_data()
     {
         QTest::addColumn<QString>("profile");
@@ -429,7 +461,7 @@ private slots:
         const bool calData = page == "Tpc" || page == "Rx Pathloss";
         TestPage testPage(calData);
         testPage.AddWidgetsFor(Parse(text));
-        TestLog::CriticalCapture log;
+        TestLog::Capture log(QtCriticalMsg);
         QVERIFY(testPage.Load(text));
         QCOMPARE(log.Lines(), QStringList());
         QVERIFY(testPage.IsModelReady());
@@ -622,7 +654,7 @@ private slots:
         QVERIFY(bandBox);
         if (band == "unknown")
             bandBox->addItem(band);
-        TestLog::CriticalCapture log;
+        TestLog::Capture log(QtCriticalMsg);
         bandBox->setCurrentText(band);
 
         QWidget *field = testPage.Widget(uarfcn);
