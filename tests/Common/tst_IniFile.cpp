@@ -6,6 +6,10 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <linux/capability.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
 #include <vector>
 
 #include "CalTextConverters.h"
@@ -26,6 +30,34 @@ QList<QByteArray> NonEmptyLines(const QByteArray &text)
 }
 
 constexpr double kUnmeasured = -987654321.0;
+
+// While it lives, file permissions bind this process even when it runs as
+// root: it gives up the capabilities that override them, and takes them
+// back at the end.
+class ReadPermissionsApply {
+public:
+    ReadPermissionsApply()
+    {
+        m_header.version = _LINUX_CAPABILITY_VERSION_3;
+        if (syscall(SYS_capget, &m_header, m_saved) != 0)
+            return;
+        __user_cap_data_struct strict[2] = {m_saved[0], m_saved[1]};
+        strict[0].effective &= ~((1u << CAP_DAC_OVERRIDE) | (1u << CAP_DAC_READ_SEARCH));
+        m_dropped = syscall(SYS_capset, &m_header, strict) == 0;
+    }
+    ~ReadPermissionsApply()
+    {
+        if (m_dropped)
+            syscall(SYS_capset, &m_header, m_saved);
+    }
+    ReadPermissionsApply(const ReadPermissionsApply &) = delete;
+    ReadPermissionsApply &operator=(const ReadPermissionsApply &) = delete;
+
+private:
+    __user_cap_header_struct m_header{};
+    __user_cap_data_struct m_saved[2]{};
+    bool m_dropped = false;
+};
 
 template <typename T>
 std::vector<T> Numbers(const QVector<double> &values)
@@ -146,30 +178,44 @@ private slots:
     void unusablePathOnlyReports_data()
     {
         QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content"); // null: no file
         QTest::addColumn<QString>("writeFailure");
-        QTest::newRow("folder missing") << "missing/cal.ini" << "create file failed";
-        // An existing path that cannot be read is never replaced.
-        QTest::newRow("path is a folder") << "folder.ini" << "load file failed";
-        QTest::newRow("empty path") << QString() << "create file failed";
+        QTest::newRow("folder missing") << "missing/cal.ini" << QByteArray() << "create file failed";
+        QTest::newRow("path is a folder") << "folder.ini" << QByteArray() << "load file failed";
+        QTest::newRow("empty path") << QString() << QByteArray() << "create file failed";
+        // The user's file is never replaced by what little is in memory.
+        QTest::newRow("file that can be written, not read")
+            << "write only.ini" << QByteArray("[S]\nK = 1\n") << "load file failed";
     }
     void unusablePathOnlyReports()
     {
         QFETCH(QString, name);
+        QFETCH(QByteArray, content);
         QFETCH(QString, writeFailure);
-        QVERIFY(Write(FilePath("plain.txt"), "[S]\nK = 1\n"));
         QVERIFY(QDir().mkpath(FilePath("folder.ini")));
         const QString path = name.isEmpty() ? QString() : FilePath(name);
+        if (!content.isNull()) {
+            QVERIFY(Write(path, content));
+            QVERIFY(QFile::setPermissions(path, QFile::WriteOwner));
+        }
+        {
+            const ReadPermissionsApply strict;
+            if (!content.isNull() && QFile(path).open(QIODevice::ReadOnly))
+                QSKIP("this process reads files whatever their permissions say");
 
-        TIniFile file(path);
-        QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S from " + path + " failed (load file failed)"));
-        QVERIFY(!file.IsSectionExist("S"));
-        QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S::K from " + path + " failed (load file failed)"));
-        QCOMPARE(file.ReadInt("S", "K", 7), 7);
-        QTest::ignoreMessage(QtDebugMsg, qPrintable("Write S::K to " + path + " failed (" + writeFailure + ")"));
-        file.WriteInt("S", "K", 1);
-        QVERIFY(!file.Save());
-
-        QCOMPARE(Read(FilePath("plain.txt")), QByteArray("[S]\nK = 1\n"));
+            TIniFile file(path);
+            QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S from " + path + " failed (load file failed)"));
+            QVERIFY(!file.IsSectionExist("S"));
+            QTest::ignoreMessage(QtDebugMsg, qPrintable("Read S::K from " + path + " failed (load file failed)"));
+            QCOMPARE(file.ReadInt("S", "K", 7), 7);
+            QTest::ignoreMessage(QtDebugMsg, qPrintable("Write S::K to " + path + " failed (" + writeFailure + ")"));
+            file.WriteInt("S", "K", 2);
+            QVERIFY(!file.Save());
+        }
+        if (!content.isNull()) {
+            QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
+            QCOMPARE(Read(path), content);
+        }
         QVERIFY(QFileInfo(FilePath("folder.ini")).isDir());
         QVERIFY(!QFileInfo::exists(FilePath("missing")));
     }
