@@ -1,9 +1,5 @@
 #include <QtTest>
 
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <linux/capability.h>
@@ -220,67 +216,6 @@ private slots:
         QVERIFY(!QFileInfo::exists(FilePath("missing")));
     }
 
-    void independentReaderAgrees_data()
-    {
-        // Python's configparser, strict: a byte order mark, a repeated section
-        // or key in our file would fail it. An empty encoding: it reads our file.
-        QTest::addColumn<QString>("encoding");
-        QTest::addColumn<QString>("lineEnd");
-        QTest::newRow("it reads ours") << QString() << QString();
-        QTest::newRow("we read its UTF-8") << "utf-8" << "\n";
-        QTest::newRow("we read its UTF-8 with byte order mark and CRLF") << "utf-8-sig" << "\r\n";
-    }
-    void independentReaderAgrees()
-    {
-        QFETCH(QString, encoding);
-        QFETCH(QString, lineEnd);
-        const QString python = QStandardPaths::findExecutable("python3");
-        if (python.isEmpty())
-            QSKIP("python3 is not installed");
-
-        const QString path = FilePath("configparser.ini");
-        QFile::remove(path);
-        const QJsonObject content{{"TADC", QJsonObject{{"ADC0", "1024"}, {"Slope", "0.015625"}}},
-                                  {"Barcode", QJsonObject{{"Text", QString::fromUtf8("Ünïcode 条码")}}}};
-        if (encoding.isEmpty()) {
-            TIniFile file(path);
-            file.WriteInt("TADC", "ADC0", 1);
-            file.WriteInt("tadc", "ADC0", 1024);
-            file.WriteDouble("TADC", "Slope", 0.015625);
-            file.WriteStringW("Barcode", "Text", content["Barcode"]["Text"].toString());
-            QVERIFY(file.Save());
-        }
-        const QString script = "import configparser, json, sys\n"
-                               "c = configparser.ConfigParser(interpolation=None, strict=True)\n"
-                               "c.optionxform = str\n"
-                               "if len(sys.argv) > 2:\n"
-                               "    c.read_dict(json.loads(sys.argv[2]))\n"
-                               "    with open(sys.argv[1], 'w', encoding=sys.argv[3], newline=sys.argv[4]) as f:\n"
-                               "        c.write(f)\n"
-                               "else:\n"
-                               "    with open(sys.argv[1], encoding='utf-8') as f:\n"
-                               "        c.read_file(f)\n"
-                               "    print(json.dumps({s: dict(c[s]) for s in c.sections()}))\n";
-        QStringList arguments{"-c", script, path};
-        if (!encoding.isEmpty())
-            arguments << QJsonDocument(content).toJson() << encoding << lineEnd;
-        QProcess process;
-        process.start(python, arguments);
-        QVERIFY(process.waitForFinished(30000));
-        QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
-
-        if (encoding.isEmpty()) {
-            QCOMPARE(QJsonDocument::fromJson(process.readAllStandardOutput()).object(), content);
-            return;
-        }
-        QCOMPARE(Read(path).startsWith("\xEF\xBB\xBF"), encoding == "utf-8-sig");
-        TIniFile file(path);
-        QCOMPARE(file.ReadInt("tadc", "adc0", -1), 1024);
-        QCOMPARE(file.ReadDouble("TADC", "SLOPE", -1.0), 0.015625);
-        QCOMPARE(file.ReadStringW("BARCODE", "text", QString()), content["Barcode"]["Text"].toString());
-    }
-
-
     void formatLists_data()
     {
         QTest::addColumn<QString>("type");
@@ -289,7 +224,6 @@ private slots:
         QTest::addColumn<int>("decimals");
         QTest::addColumn<QByteArray>("text");
         QTest::newRow("unsigned") << "u16" << QVector<double>{1, 2, 65535} << ',' << 0 << QByteArray("1,2,65535");
-        QTest::newRow("one value, no separator") << "u16" << QVector<double>{7} << ',' << 0 << QByteArray("7");
         QTest::newRow("signed") << "i16" << QVector<double>{-32768, 0, 32767} << ';' << 0 << QByteArray("-32768;0;32767");
         QTest::newRow("reals") << "real" << QVector<double>{1.5, 2} << ',' << 3 << QByteArray("1.500,2.000");
     }
@@ -356,7 +290,6 @@ private slots:
         QTest::newRow("capacity 3n") << four << 12 << QByteArray("01 AB 00 FF");
         QTest::newRow("one short") << four << 11 << QByteArray();
         QTest::newRow("one byte") << QByteArray("\x0A") << 3 << QByteArray("0A");
-        QTest::newRow("one byte, one short") << QByteArray("\x0A") << 2 << QByteArray();
     }
     void binaryToHexText()
     {
