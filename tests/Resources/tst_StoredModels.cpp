@@ -116,7 +116,6 @@ private:
         const int type = group.value("groupType").toInt(0);
         if (type != 1 && type != 3)
             Fail(path, "groupType is neither 1 nor 3");
-        Only(path, group, {"groupName", "groupType", "memberList", "memberProperty"});
         const QStringList members = Texts(group.value("memberList"));
         const QJsonObject property = group.value("memberProperty").toObject();
         QStringList keys = members;
@@ -142,9 +141,6 @@ private:
 
     void Member(const QString &path, const QJsonObject &member, int groupType, int columns)
     {
-        Only(path, member,
-             {"caption", "defaultSupport", "defaultEnableStatus", "trait", "publishValueList", "publishEnableStatusList",
-              "subscribeValue", "subscribeValueList", "subscribeEnableStatusList", "subscribeEnableStatus"});
         if (member.value("caption").toString().isEmpty())
             Fail(path, "has no caption");
         for (const char *flag : {"defaultSupport", "defaultEnableStatus"}) {
@@ -153,14 +149,11 @@ private:
         }
         const bool supported = member.value("defaultSupport") == QJsonValue(1);
         const QJsonObject trait = member.value("trait").toObject();
-        Only(path + ".trait", trait, {"dataType", "defaultValue", "value", "valuePair", "enableStatusPair", "decimals"});
         const QString dataType = trait.value("dataType").toString();
         const QStringList served = groupType == 3 ? QStringList{"list", "range", "pointRange", "unsignedRange", "label"}
                                                   : QStringList{"list", "range", "pointRange", "label", "boolean"};
         if (!served.contains(dataType))
             Fail(path, QString("a group of type %1 has no widget for \"%2\"").arg(groupType).arg(dataType));
-        if (trait.contains("decimals") && (groupType != 1 || dataType != "pointRange" || !IsInteger(trait["decimals"])))
-            Fail(path, "decimals belong to the value space here");
 
         // One text, or in a table one per column, or fewer that the last fills
         // up; a column of combo boxes needs one for each.
