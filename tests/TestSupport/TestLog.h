@@ -27,7 +27,8 @@ void SetChannel(QtMsgType type, bool enabled);
 
 // Collects the lines of one channel of the tool's log while it lives, with
 // that channel on meanwhile; they don't reach the test framework's output.
-// Afterwards the channel is as it was before.
+// Afterwards the channel is as it was before (and what SetCategory or
+// SetChannel changed meanwhile ends with it).
 class Capture {
 public:
     explicit Capture(QtMsgType type);
