@@ -74,7 +74,8 @@ public:
         if (model.value("modelName").toString().isEmpty() || model.value("modelVersion") != QJsonValue(1))
             Fail("model", "needs a modelName and modelVersion 1");
         const QJsonObject sections = model.value(m_interface).toObject();
-        const QStringList names = m_interface == "cmdIf" ? QStringList{"request", "response"} : QStringList{"config", "data"};
+        const QStringList names =
+            m_interface == "cmdIf" ? QStringList{"request", "response"} : QStringList{"config", "data"};
         if (Sorted(sections.keys()) != names)
             Fail(m_interface, "has the sections " + sections.keys().join(','));
         for (const QString &section : names) {
@@ -124,9 +125,9 @@ private:
             keys << "dimentionCount" << "startIndex" << "indexStep" << "colFieldCaptionList";
             if (!IsInteger(property.value("dimentionCount")) || columns < 1 || columns > 15)
                 Fail(path, "dimentionCount is no number of columns from 1 to 15");
-            if (property.contains("colFieldCaptionList") ? Texts(property.value("colFieldCaptionList")).size() != columns
-                                                          : !IsInteger(property.value("startIndex")) ||
-                                                                !IsInteger(property.value("indexStep")))
+            if (property.contains("colFieldCaptionList")
+                    ? Texts(property.value("colFieldCaptionList")).size() != columns
+                    : !IsInteger(property.value("startIndex")) || !IsInteger(property.value("indexStep")))
                 Fail(path, "the column headers are not given");
         }
         Only(path + ".memberProperty", property, keys);
@@ -190,7 +191,8 @@ private:
             for (const QJsonValue &enabled : pairs)
                 numbers = numbers && enabled.isDouble();
             if (!numbers || pairs.isEmpty() ||
-                (m_fitted && other.value("defaultSupport") == QJsonValue(1) && Sorted(pairs.keys()) != ValuesOf(member)))
+                (m_fitted && other.value("defaultSupport") == QJsonValue(1) &&
+                 Sorted(pairs.keys()) != ValuesOf(member)))
                 Fail(subscriber, "enableStatusPair keys " + pairs.keys().join(',') + " are not the publisher's values");
         }
         const QString statusPublisher = member.value("subscribeEnableStatus").toString();
@@ -324,7 +326,8 @@ private slots:
             << "Rssi" << request + "mode.trait.defaultValue" << R"("Ext9")" << "lacks the default Ext9";
         QTest::newRow("range default outside")
             << "BBReg" << request + "regAddr.trait.defaultValue" << R"("65536")" << "lies outside";
-        QTest::newRow("min above max") << "Afc" << request + "capId.trait.value" << R"({"min":9,"max":1})" << "min <= max";
+        QTest::newRow("min above max")
+            << "Afc" << request + "capId.trait.value" << R"({"min":9,"max":1})" << "min <= max";
         QTest::newRow("publish to nothing") << "ContTx" << request + "band.publishValueList"
                                             << R"(["request.group1.memberProperty.x"])" << "publishes to";
         QTest::newRow("subscribe to another") << "ContTx" << request + "uarfcn.subscribeValue"
@@ -340,8 +343,9 @@ private slots:
             << "Tpc" << "calDataIf.data.group4.memberProperty.paH.trait.dataType" << R"("boolean")" << "has no widget";
         QTest::newRow("band without a range") << "default/Continuous TX" << request + "uarfcn.trait.valuePair"
                                               << R"j({"1900-1920MHz(a)":{"min":1,"max":2}})j" << "valuePair keys";
-        QTest::newRow("selection without a state") << "default/AFC Control" << request + "afcdac2.trait.enableStatusPair"
-                                                   << R"({"AFC1":0})" << "enableStatusPair keys";
+        QTest::newRow("selection without a state")
+            << "default/AFC Control" << request + "afcdac2.trait.enableStatusPair" << R"({"AFC1":0})"
+            << "enableStatusPair keys";
     }
     void checkFindsFaults()
     {
