@@ -166,7 +166,10 @@ void TIniFile::WriteDouble(const std::string &section, const std::string &key, d
 
 bool TIniFile::Save()
 {
-    // Saving an object that nothing has read yet must keep what the file holds.
+    // A file that exists but cannot be read is never replaced: what is in
+    // memory then holds nothing of it, and writing it out would empty the
+    // user's file. This is also why saving an object that nothing has read
+    // yet keeps what the file holds. Only a path without a file gets one.
     if (!Load() && QFileInfo::exists(m_path))
         return false;
     std::string text;

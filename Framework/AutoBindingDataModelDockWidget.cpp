@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDebug>
 #include <QDoubleSpinBox>
 #include <QEvent>
 #include <QGroupBox>
@@ -19,6 +18,7 @@
 
 #include "JsonPath.h"
 #include "ModelBinding.h"
+#include "RadbenchLog.h"
 #include "UnsignedSpinBox.h"
 
 using namespace ModelBinding;
@@ -63,7 +63,7 @@ void CAutoBindingDataModelDockWidget::showEvent(QShowEvent *event)
 void CAutoBindingDataModelDockWidget::StartInit()
 {
     emit Signal_UpdateStatus("Start Init: " + windowTitle(), 0);
-    qDebug().noquote() << kDashes << " Start Init the page: " + windowTitle() << kDashes;
+    qCDebug(lcFramework).noquote() << kDashes << " Start Init the page: " + windowTitle() << kDashes;
     setStyleSheet("QGroupBox::title { color: rgb(32, 81, 124);}");
     m_isCalDataPage = IsCalDataPage();
     m_widgetRoot = GetWidgetRoot();
@@ -78,7 +78,7 @@ void CAutoBindingDataModelDockWidget::Slot_GetDataModelDone(std::string dataMode
         m_isModelReady = true;
         CheckDateModelIntegrity(m_model);
     } else {
-        qDebug() << "Without any INIT info, Data Model is empty STRING format.";
+        qCDebug(lcFramework) << "Without any INIT info, Data Model is empty STRING format.";
         if (m_widgetRoot) {
             for (QWidget *widget : m_widgetRoot->findChildren<QWidget *>()) {
                 if (IsClass(widget, "QGroupBox"))
@@ -86,7 +86,7 @@ void CAutoBindingDataModelDockWidget::Slot_GetDataModelDone(std::string dataMode
             }
         }
     }
-    qDebug().noquote() << kDashes << " Init Done: " + windowTitle() << kDashes;
+    qCDebug(lcFramework).noquote() << kDashes << " Init Done: " + windowTitle() << kDashes;
     emit Signal_InitDone();
 }
 
@@ -116,29 +116,30 @@ void CAutoBindingDataModelDockWidget::ShowResultMessage(QString title, SEachItem
 
 void CAutoBindingDataModelDockWidget::InitWidgets()
 {
-    qDebug() << "============ [Start] Init widget ============ ";
+    qCDebug(lcFramework) << "============ [Start] Init widget ============ ";
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
     for (QWidget *widget : widgets) {
         if (IsClass(widget, "QGroupBox"))
             widget->setFont(TitleFont());
         const QString name = widget->objectName();
         if (!IsBoundName(name)) {
-            qDebug() << " Skip " << name;
+            qCDebug(lcFramework) << " Skip " << name;
             continue;
         }
         QString path = PathOf(name);
         const QJsonValue value = GetJsonValueConst(m_model, path);
         if (!IsJsonValueDefined(value)) {
-            qCritical().noquote() << "====== Failed processing name: Cannot get the JSON Object====== " + name;
+            qCCritical(lcFramework).noquote()
+                << "====== Failed processing name: Cannot get the JSON Object====== " + name;
             continue;
         }
-        qDebug() << "====== Processing Name ====== " << name << ": " << ClassOf(widget);
+        qCDebug(lcFramework) << "====== Processing Name ====== " << name << ": " << ClassOf(widget);
 
         if (path.contains("caption")) {
-            qDebug() << "---> Caption Setting: caption <---" << value;
+            qCDebug(lcFramework) << "---> Caption Setting: caption <---" << value;
             path.truncate(path.lastIndexOf('.'));
             const QJsonValue supportValue = GetJsonValueConst(m_model, path + ".defaultSupport");
-            qDebug() << "---> Caption Setting: default support <---" << supportValue;
+            qCDebug(lcFramework) << "---> Caption Setting: default support <---" << supportValue;
             const int support = IsJsonValueDefined(supportValue) ? supportValue.toInt() : 1;
             if (auto *label = AsClass<QLabel>(widget, "QLabel")) {
                 label->setText(value.toString());
@@ -149,9 +150,9 @@ void CAutoBindingDataModelDockWidget::InitWidgets()
             continue;
         }
 
-        qDebug() << "---> Memeber JASON Object " << value;
+        qCDebug(lcFramework) << "---> Memeber JASON Object " << value;
         const int groupType = GetGroupType(path);
-        qDebug() << "---> GroupType <---" << groupType;
+        qCDebug(lcFramework) << "---> GroupType <---" << groupType;
         switch (groupType) {
         case 1:
             InitType1Widget(path, widget);
@@ -163,11 +164,12 @@ void CAutoBindingDataModelDockWidget::InitWidgets()
             InitType3Widget(path, widget);
             break;
         default:
-            qCritical().noquote() << "====== Failed processing name: Not support this group type yet ====== " + name;
+            qCCritical(lcFramework).noquote()
+                << "====== Failed processing name: Not support this group type yet ====== " + name;
             break;
         }
     }
-    qDebug() << "============ [Done] Init widget ============ ";
+    qCDebug(lcFramework) << "============ [Done] Init widget ============ ";
 }
 
 QJsonValue CAutoBindingDataModelDockWidget::ResolveValueObject(QJsonValue member, QJsonValue trait)
@@ -179,23 +181,23 @@ QJsonValue CAutoBindingDataModelDockWidget::ResolveValueObject(QJsonValue member
     const QJsonArray subscribeValueList = memberObject.value("subscribeValueList").toArray();
     if (IsJsonValueDefined(subscribeValue)) {
         const QJsonValue publisher = GetJsonValueConst(m_model, ExpandModelPath(subscribeValue.toString()));
-        qDebug() << "---> [Init] Has the subscibe value <---" << publisher;
+        qCDebug(lcFramework) << "---> [Init] Has the subscibe value <---" << publisher;
         if (!IsJsonValueDefined(publisher)) {
-            qDebug() << "---> [Init] Failed to initialize:  Cannot get the mapping data by KEY info <---";
+            qCDebug(lcFramework) << "---> [Init] Failed to initialize:  Cannot get the mapping data by KEY info <---";
             return QJsonValue(QJsonValue::Undefined);
         }
         const QString key = GetJsonValueConst(publisher.toObject(), "trait.defaultValue").toString();
-        qDebug() << "---> [Init] Subscribe Key info <--- " << key << " default value: ";
+        qCDebug(lcFramework) << "---> [Init] Subscribe Key info <--- " << key << " default value: ";
         result = GetJsonValueConst(traitObject, "valuePair." + key);
     } else if (!subscribeValueList.isEmpty()) {
         const QString key = RebuildKeyFromModel(subscribeValueList, m_model);
-        qDebug() << "---> [Init] Has the subscribeValueList <--- " << subscribeValueList
-                 << "---> [Init] Rebuild the key <--- " << key;
+        qCDebug(lcFramework) << "---> [Init] Has the subscribeValueList <--- " << subscribeValueList
+                             << "---> [Init] Rebuild the key <--- " << key;
         result = GetJsonValueConst(traitObject, "valuePair." + key);
     } else {
         result = traitObject.value("value");
     }
-    qDebug() << "---> [Init] Final value oject <--- " << result;
+    qCDebug(lcFramework) << "---> [Init] Final value oject <--- " << result;
     return result;
 }
 
@@ -210,9 +212,9 @@ void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *wid
         widget->setEnabled(false);
 
     const QJsonValue trait = member.value("trait");
-    qDebug() << "---> [Init][type1] Trait object <---" << trait;
+    qCDebug(lcFramework) << "---> [Init][type1] Trait object <---" << trait;
     if (!IsJsonValueDefined(trait)) {
-        qCritical() << "---> [Fail][Init][type1]Cannot get the Trait JSON Object <---";
+        qCCritical(lcFramework) << "---> [Fail][Init][type1]Cannot get the Trait JSON Object <---";
         return;
     }
     const QJsonObject traitObject = trait.toObject();
@@ -223,29 +225,30 @@ void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *wid
 
     if (dataType == "list" && IsClass(widget, "QComboBox")) {
         auto *box = static_cast<QComboBox *>(widget);
-        qDebug() << "---> [Init][type1] Init Combo Box  <---";
+        qCDebug(lcFramework) << "---> [Init][type1] Init Combo Box  <---";
         box->clear();
         for (const QJsonValue &item : ResolveValueObject(member, trait).toArray())
             box->addItem(item.toString());
-        qDebug() << "---> [Init][type1] Default value <---" << defaultText;
+        qCDebug(lcFramework) << "---> [Init][type1] Default value <---" << defaultText;
         box->setCurrentText(defaultText);
         box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
         if (publishesValue) {
-            qDebug() << "---> [Init][type1] Has the publish value list: register value publish and subscribe <---";
+            qCDebug(lcFramework)
+                << "---> [Init][type1] Has the publish value list: register value publish and subscribe <---";
             connect(box, &QComboBox::currentTextChanged, this, &CAutoBindingDataModelDockWidget::Slot_ValueChange);
         }
         if (publishesStatus) {
-            qDebug() << "---> [Init][type1] Has the enable status list: register enable status publish and "
-                        "subscribe <---";
+            qCDebug(lcFramework) << "---> [Init][type1] Has the enable status list: register enable status publish and "
+                                    "subscribe <---";
             connect(box, &QComboBox::currentTextChanged, this,
                     &CAutoBindingDataModelDockWidget::Slot_EnableStatusChange);
         }
     } else if (dataType == "range" && IsClass(widget, "QSpinBox")) {
         auto *box = static_cast<QSpinBox *>(widget);
-        qDebug() << "---> [Init][type1] Init Spin Box  <---";
+        qCDebug(lcFramework) << "---> [Init][type1] Init Spin Box  <---";
         const QJsonObject space = ResolveValueObject(member, trait).toObject();
         if (IsJsonValueDefined(space.value("displayBase"))) {
-            qDebug() << "---> [Init][type1] It has displayBase <---";
+            qCDebug(lcFramework) << "---> [Init][type1] It has displayBase <---";
             box->setDisplayIntegerBase(space.value("displayBase").toInt());
         }
         const IntRange range = IntRangeOf(space);
@@ -253,54 +256,55 @@ void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *wid
         box->setMinimum(range.min);
         box->setToolTip(range.ToolTip());
         const int value = range.Clamp(ToIntBase10(defaultText));
-        qDebug() << "---> [Init][type1] Default value <---" << value;
+        qCDebug(lcFramework) << "---> [Init][type1] Default value <---" << value;
         box->setValue(value);
         if (IsJsonValueDefined(space.value("rangeCheck"))) {
             box->setToolTip(space.value("rangeCheck").toString());
             connect(box, &QSpinBox::editingFinished, this, &CAutoBindingDataModelDockWidget::Slot_RangeCheck);
         }
         if (publishesStatus) {
-            qDebug() << "---> [Init][type1] Has the enable status list: register enable status publish and "
-                        "subscribe <---";
+            qCDebug(lcFramework) << "---> [Init][type1] Has the enable status list: register enable status publish and "
+                                    "subscribe <---";
             connect(box, &QSpinBox::textChanged, this, &CAutoBindingDataModelDockWidget::Slot_EnableStatusChange);
         }
     } else if (dataType == "pointRange" && IsClass(widget, "QDoubleSpinBox")) {
         auto *box = static_cast<QDoubleSpinBox *>(widget);
-        qDebug() << "---> [Init][type1] Init Double Spin Box  <---";
+        qCDebug(lcFramework) << "---> [Init][type1] Init Double Spin Box  <---";
         const DoubleRange range = DoubleRangeOf(ResolveValueObject(member, trait).toObject());
         box->setMaximum(range.max);
         box->setMinimum(range.min);
         box->setToolTip(range.ToolTip());
         const QJsonValue decimals = traitObject.value("decimals");
         if (IsJsonValueDefined(decimals)) {
-            qDebug() << "---> [Init][type1] == Has the decimals setting <--- " << decimals;
+            qCDebug(lcFramework) << "---> [Init][type1] == Has the decimals setting <--- " << decimals;
             box->setDecimals(decimals.toInt());
         }
         const double value = range.Clamp(defaultText.toDouble());
-        qDebug() << "---> [Init][type1] Default value <---" << value;
+        qCDebug(lcFramework) << "---> [Init][type1] Default value <---" << value;
         box->setValue(value);
     } else if (dataType == "label" && IsClass(widget, "QLabel")) {
-        qDebug() << "---> [Init][type1] Init label  <---";
-        qDebug() << "---> [Init][type1] Default value <---" << defaultText;
+        qCDebug(lcFramework) << "---> [Init][type1] Init label  <---";
+        qCDebug(lcFramework) << "---> [Init][type1] Default value <---" << defaultText;
         static_cast<QLabel *>(widget)->setText(defaultText);
     } else if (dataType == "boolean" && IsClass(widget, "QCheckBox")) {
         auto *box = static_cast<QCheckBox *>(widget);
-        qDebug() << "---> [Init][type1] Init Check Box  <---";
+        qCDebug(lcFramework) << "---> [Init][type1] Init Check Box  <---";
         box->setText(member.value("caption").toString());
-        qDebug() << "---> [Init][type1] Default value <---" << defaultText;
+        qCDebug(lcFramework) << "---> [Init][type1] Default value <---" << defaultText;
         box->setChecked(defaultText == "true");
         if (publishesValue) {
-            qDebug() << "---> [Init][type1] Has the publish value list: register value publish and subscribe <---";
+            qCDebug(lcFramework)
+                << "---> [Init][type1] Has the publish value list: register value publish and subscribe <---";
             connect(box, &QCheckBox::stateChanged, this, &CAutoBindingDataModelDockWidget::Slot_CheckBoxValueChange);
         }
         if (publishesStatus) {
-            qDebug() << "---> [Init][type1] Has the enable status list: register enable status publish and "
-                        "subscribe <---";
+            qCDebug(lcFramework) << "---> [Init][type1] Has the enable status list: register enable status publish and "
+                                    "subscribe <---";
             connect(box, &QCheckBox::stateChanged, this,
                     &CAutoBindingDataModelDockWidget::Slot_CheckBoxEnableStatusChange);
         }
     } else {
-        qCritical() << "---> [Fail][Init][type1]cannot find the mapping of Data Type and QWidget <---";
+        qCCritical(lcFramework) << "---> [Fail][Init][type1]cannot find the mapping of Data Type and QWidget <---";
     }
 }
 
@@ -347,12 +351,12 @@ QStringList CAutoBindingDataModelDockWidget::SupportedRows(const QJsonObject &me
 void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *widget)
 {
     if (!IsClass(widget, "QTableWidget")) {
-        qCritical() << "---> [[Fail][Init][type3] Now only support table widget(QTableWidget) <--- "
-                    << ClassOf(widget);
+        qCCritical(lcFramework) << "---> [[Fail][Init][type3] Now only support table widget(QTableWidget) <--- "
+                                << ClassOf(widget);
         return;
     }
     auto *table = static_cast<QTableWidget *>(widget);
-    qDebug() << "---> [Init][type3] Initialize <---";
+    qCDebug(lcFramework) << "---> [Init][type3] Initialize <---";
     const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
     const QJsonObject memberProperty = group.value("memberProperty").toObject();
     const int columns = memberProperty.value("dimentionCount").toInt(0);
@@ -362,26 +366,26 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
     if (IsJsonValueDefined(captionList)) {
         for (const QJsonValue &caption : captionList.toArray())
             columnHeaders << caption.toString();
-        qDebug() << "---> [Init][type3] Column info <---" << " dimention: " << columns << " Caption Array:"
-                 << columnHeaders;
+        qCDebug(lcFramework) << "---> [Init][type3] Column info <---"
+                             << " dimention: " << columns << " Caption Array:" << columnHeaders;
     } else {
         const int start = memberProperty.value("startIndex").toInt(0);
         const int step = memberProperty.value("indexStep").toInt(0);
         for (int c = 0; c < columns; ++c)
             columnHeaders << QString::number(start + c * step);
-        qDebug() << "---> [Init][type3] Column info <---" << " dimention: " << columns << " startLabel:" << start
-                 << " steps: " << step;
+        qCDebug(lcFramework) << "---> [Init][type3] Column info <---"
+                             << " dimention: " << columns << " startLabel:" << start << " steps: " << step;
     }
 
     const QJsonArray memberList = group.value("memberList").toArray();
-    qDebug() << "---> [Init][type3] Row info - from member list <---" << memberList;
+    qCDebug(lcFramework) << "---> [Init][type3] Row info - from member list <---" << memberList;
     const QStringList rows = SupportedRows(memberProperty, memberList);
     if (rows.isEmpty()) {
-        qDebug() << "---> [Init][type3] Set visible to false, all member value are not support <---";
+        qCDebug(lcFramework) << "---> [Init][type3] Set visible to false, all member value are not support <---";
         table->hide();
         return;
     }
-    qDebug() << "---> [Init][type3] Row info - after checking memeber support <---" << rows;
+    qCDebug(lcFramework) << "---> [Init][type3] Row info - after checking memeber support <---" << rows;
     table->setColumnCount(columns);
     table->setRowCount(rows.size());
     for (int c = 0; c < columns; ++c)
@@ -394,8 +398,8 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
         table->verticalHeader()->resizeSection(r, 22);
         const QJsonObject traitObject = member.value("trait").toObject();
         const QString dataType = traitObject.value("dataType").toString();
-        qDebug() << "---> [Init][type3] ==" << r << "== Member JSON Object  <---" << member << "== DataType <--- "
-                 << dataType;
+        qCDebug(lcFramework) << "---> [Init][type3] ==" << r << "== Member JSON Object  <---" << member
+                             << "== DataType <--- " << dataType;
         const bool enabled = member.value("defaultEnableStatus").toInt() != 0;
         const QJsonArray defaults = traitObject.value("defaultValue").toArray();
 
@@ -405,9 +409,9 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                 QJsonArray values = defaults;
                 const QJsonValue rangeCheck = space.value("rangeCheck");
                 if (IsJsonValueDefined(rangeCheck)) {
-                    qDebug() << "== Has the rangeCheck <--- " << rangeCheck;
+                    qCDebug(lcFramework) << "== Has the rangeCheck <--- " << rangeCheck;
                     if (IsJsonValueDefined(space.value("value"))) {
-                        qDebug() << "== Has the value and rangeCheck <--- ";
+                        qCDebug(lcFramework) << "== Has the value and rangeCheck <--- ";
                         values = QJsonArray{space.value("value")};
                     }
                 }
@@ -417,7 +421,7 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                     int decimals = 5;
                     if (IsJsonValueDefined(space.value("decimals"))) {
                         decimals = space.value("decimals").toInt();
-                        qDebug() << "== Has the decimals setting <--- " << decimals;
+                        qCDebug(lcFramework) << "== Has the decimals setting <--- " << decimals;
                     }
                     InitSpinCells<QDoubleSpinBox>(table, r, columns, DoubleRangeOf(space), values, rangeCheck, enabled,
                                                   decimals);
@@ -430,7 +434,7 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                 int base = 10;
                 if (IsJsonValueDefined(space.value("displayBase"))) {
                     base = space.value("displayBase").toInt();
-                    qDebug() << "== It has displayBase <--- " << base;
+                    qCDebug(lcFramework) << "== It has displayBase <--- " << base;
                 }
                 for (int c = 0; c < columns; ++c) {
                     auto *cell = new CUnsignedSpinBox(table, base);
@@ -446,11 +450,11 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                     table->setCellWidget(r, c, cell);
                 }
             } else {
-                qCritical() << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- "
-                            << dataType;
+                qCCritical(lcFramework)
+                    << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- " << dataType;
             }
         } else if (dataType == "label") {
-            qDebug() << "== defaultValueArray <--- " << defaults;
+            qCDebug(lcFramework) << "== defaultValueArray <--- " << defaults;
             for (int c = 0; c < columns; ++c) {
                 auto *cell = new QLabel("0");
                 cell->setFrameShape(QFrame::StyledPanel);
@@ -462,7 +466,7 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
             }
         } else if (dataType == "list") {
             const QJsonArray items = traitObject.value("value").toArray();
-            qDebug() << "== defaultValueArray <--- " << defaults << "== listValue <--- " << items;
+            qCDebug(lcFramework) << "== defaultValueArray <--- " << defaults << "== listValue <--- " << items;
             for (int c = 0; c < columns; ++c) {
                 auto *cell = new QComboBox;
                 for (const QJsonValue &item : items)
@@ -472,8 +476,8 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                 table->setCellWidget(r, c, cell);
             }
         } else {
-            qCritical() << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- "
-                        << dataType;
+            qCCritical(lcFramework)
+                << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- " << dataType;
         }
     }
     table->setHorizontalHeaderLabels(columnHeaders);
@@ -484,12 +488,12 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
 void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *widget)
 {
     if (!IsClass(widget, "QTableWidget")) {
-        qCritical() << "---> [Fail][Init][type2] Now only support table widget(QTableWidget) <--- "
-                    << ClassOf(widget);
+        qCCritical(lcFramework) << "---> [Fail][Init][type2] Now only support table widget(QTableWidget) <--- "
+                                << ClassOf(widget);
         return;
     }
     auto *table = static_cast<QTableWidget *>(widget);
-    qDebug() << "---> [Init][type2] Initialize <---";
+    qCDebug(lcFramework) << "---> [Init][type2] Initialize <---";
     const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
     const QJsonObject memberProperty = group.value("memberProperty").toObject();
     const QJsonArray memberList = group.value("memberList").toArray();
@@ -502,14 +506,14 @@ void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *wid
             supported = support.toInt() == 1;
     }
     if (!supported) {
-        qDebug() << "---> [Init][type2] Set visible to false, all member value are not support <---";
+        qCDebug(lcFramework) << "---> [Init][type2] Set visible to false, all member value are not support <---";
         table->hide();
         return;
     }
     table->setColumnCount(memberList.size());
     table->setRowCount(instanceList.size());
-    qDebug() << "---> [Init][type2] Column info - from memeber list <---" << memberList
-             << "---> [Init][type2] Row info - from instance list <---" << instanceList;
+    qCDebug(lcFramework) << "---> [Init][type2] Column info - from memeber list <---" << memberList
+                         << "---> [Init][type2] Row info - from instance list <---" << instanceList;
 
     QStringList columnHeaders;
     for (int c = 0; c < memberList.size(); ++c) {
@@ -551,8 +555,8 @@ void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *wid
                 cell->setAlignment(Qt::AlignCenter);
                 table->setCellWidget(r, c, cell);
             } else {
-                qCritical() << "---> [Fail][Init][type2] Cannot get the row info - dataType not support yet <--- "
-                            << dataType;
+                qCCritical(lcFramework)
+                    << "---> [Fail][Init][type2] Cannot get the row info - dataType not support yet <--- " << dataType;
                 filling = false;
             }
         }
@@ -621,14 +625,14 @@ struct SRangeCheck {
                 const Number low = parse(item.left(tilde));
                 const Number high = parse(item.mid(tilde + 1));
                 if (inInterval(low, high)) {
-                    qDebug() << "find return";
+                    qCDebug(lcFramework) << "find return";
                     return std::nullopt;
                 }
                 if (!fallback)
                     fallback = middle(low, high);
             } else {
                 if (isSingle(item)) {
-                    qDebug() << "find return";
+                    qCDebug(lcFramework) << "find return";
                     return std::nullopt;
                 }
                 if (!fallback)
@@ -648,7 +652,7 @@ void CAutoBindingDataModelDockWidget::Slot_RangeCheck()
         return;
     const QString text = box->text();
     const QStringList items = box->toolTip().split(',', Qt::SkipEmptyParts);
-    qDebug() << "---> Slot_RangeCheck <--- " << items;
+    qCDebug(lcFramework) << "---> Slot_RangeCheck <--- " << items;
     const int value = ToIntBase10(text);
     const SRangeCheck<int> check{
         ToIntBase10, [value](int low, int high) { return value >= low && value <= high; },
@@ -664,7 +668,7 @@ void CAutoBindingDataModelDockWidget::Slot_PointRangeCheck()
     if (!box)
         return;
     const QStringList items = box->toolTip().split(',', Qt::SkipEmptyParts);
-    qDebug() << "---> Slot_PointRangeCheck <--- " << items;
+    qCDebug(lcFramework) << "---> Slot_PointRangeCheck <--- " << items;
     const double value = box->value();
     const SRangeCheck<double> check{
         [](const QString &item) { return item.toDouble(); },

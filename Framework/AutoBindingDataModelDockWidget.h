@@ -116,6 +116,9 @@ private:
     // What distinguishes the walk of value relevance from that of status
     // relevance: the keys it follows, the operations it calls, its trace.
     struct SRelevanceWalk;
+    // The trace of the search for a type 3 subscriber's table, which value
+    // and status relevance word differently.
+    struct STableSearchTrace;
     void WalkRelevance(const SRelevanceWalk &walk, const QString &currentText);
     // The spin box cells of one table row: limits, tool tip, value (the
     // entry of `values` for the column, or its last), check.
@@ -135,5 +138,5 @@ private:
     // Gives the headers of a table their real size, then fits the table.
     void SizeTable(QTableWidget *table, int columns, bool singleRowTall);
     // The table of the group of a type 3 member, and the member's row.
-    QTableWidget *FindGroupTable(const QString &path, const char *relevance, int &row, int &columns);
+    QTableWidget *FindGroupTable(const QString &path, const STableSearchTrace &trace, int &row, int &columns);
 };

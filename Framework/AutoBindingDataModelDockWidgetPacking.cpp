@@ -5,7 +5,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDebug>
 #include <QDoubleSpinBox>
 #include <QJsonDocument>
 #include <QLabel>
@@ -14,6 +13,7 @@
 
 #include "JsonPath.h"
 #include "ModelBinding.h"
+#include "RadbenchLog.h"
 #include "UnsignedSpinBox.h"
 
 using namespace ModelBinding;
@@ -63,27 +63,36 @@ bool CellValue(QWidget *cell, const QString &dataType, QString &value)
     return true;
 }
 
-// Writes `value` under the member's name in its group's memberValue,
-// creating memberValue with the first member.
-bool WriteMemberValue(QJsonObject &model, const QString &path, const QJsonValue &value)
+// Where the value of the member at `path` goes: the group's memberValue,
+// under the member's name.
+struct SValueTarget {
+    explicit SValueTarget(const QString &path)
+    {
+        const int at = path.indexOf("memberProperty");
+        valuePath = path.left(at) + "memberValue";
+        groupPath = path.left(at - 1);
+        member = path.mid(path.lastIndexOf('.') + 1);
+    }
+    QString valuePath;
+    QString groupPath;
+    QString member;
+};
+
+// Writes `value` into memberValue, creating memberValue with the first member.
+bool WriteMemberValue(QJsonObject &model, const SValueTarget &target, const QJsonValue &value)
 {
-    const int at = path.indexOf("memberProperty");
-    const QString valuePath = path.left(at) + "memberValue";
-    const QString groupPath = path.left(at - 1);
-    const QString member = path.mid(path.lastIndexOf('.') + 1);
-    qDebug() << "---> Path in memberValue <--- " << valuePath << groupPath << "---> Value <--- " << value;
-    if (IsJsonPathMissing(model, valuePath))
-        return InsertJsonValue(model, groupPath, "memberValue", member, value);
-    QJsonObject values = GetJsonValue(model, valuePath).toObject();
-    values.insert(member, value);
-    return SetJsonValue(model, valuePath, values);
+    if (IsJsonPathMissing(model, target.valuePath))
+        return InsertJsonValue(model, target.groupPath, "memberValue", target.member, value);
+    QJsonObject values = GetJsonValue(model, target.valuePath).toObject();
+    values.insert(target.member, value);
+    return SetJsonValue(model, target.valuePath, values);
 }
 
 } // namespace
 
 std::string CAutoBindingDataModelDockWidget::PackageMemberValue()
 {
-    qDebug() << "============ [Start] Package MemberValue ============ ";
+    qCDebug(lcFramework) << "============ [Start] Package MemberValue ============ ";
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
     for (QWidget *widget : widgets) {
         const QString name = widget->objectName();
@@ -91,21 +100,21 @@ std::string CAutoBindingDataModelDockWidget::PackageMemberValue()
             continue;
         const QString path = PathOf(name);
         if (!IsJsonValueDefined(GetJsonValueConst(m_model, path))) {
-            qCritical().noquote() << "====== Failed to packge: Cannot get its JSON ojbect ====== " + name;
+            qCCritical(lcFramework).noquote() << "====== Failed to packge: Cannot get its JSON ojbect ====== " + name;
             continue;
         }
         const int groupType = GetGroupType(path);
-        qDebug() << "====== Packge MemberValue: objName ======" << name << ClassOf(widget) << "---> GroupType <---"
-                 << groupType;
+        qCDebug(lcFramework) << "====== Packge MemberValue: objName ======" << name << ClassOf(widget)
+                             << "---> GroupType <---" << groupType;
         if (groupType == 1)
             PackageType1Widget(widget, path);
         else if (groupType == 3)
             PackageType3Widget(widget, path);
         else
-            qCritical() << "====== Failed to packge : Not support this group type yet ======";
+            qCCritical(lcFramework) << "====== Failed to packge : Not support this group type yet ======";
     }
     const std::string text = QJsonDocument(m_model).toJson(QJsonDocument::Compact).toStdString();
-    qDebug() << "============ [Done] Package MemberValue ============ " << QString::fromStdString(text);
+    qCDebug(lcFramework) << "============ [Done] Package MemberValue ============ " << QString::fromStdString(text);
     return text;
 }
 
@@ -113,20 +122,21 @@ void CAutoBindingDataModelDockWidget::PackageType1Widget(QWidget *widget, QStrin
 {
     QJsonValue value;
     if (!Type1Value(widget, value)) {
-        qCritical() << "---> [Fail][Package][type1] : Not support this type yet <--- " << ClassOf(widget);
+        qCCritical(lcFramework) << "---> [Fail][Package][type1] : Not support this type yet <--- " << ClassOf(widget);
         return;
     }
-    qDebug() << "---> [Package][type1] Path in memberValue <--- " << path << "---> [Package][type1] Value <--- "
-             << value;
-    if (!WriteMemberValue(m_model, path, value))
-        qCritical() << "---> [Fail][Package][type1] : memberValuePath <--- " << path;
+    const SValueTarget target(path);
+    qCDebug(lcFramework) << "---> [Package][type1] Path in memberValue <--- " << target.valuePath << target.groupPath
+                         << "---> [Package][type1] Value <--- " << value;
+    if (!WriteMemberValue(m_model, target, value))
+        qCCritical(lcFramework) << "---> [Fail][Package][type1] : memberValuePath <--- " << path;
 }
 
 void CAutoBindingDataModelDockWidget::PackageType3Widget(QWidget *widget, QString path)
 {
     if (!IsClass(widget, "QTableWidget")) {
-        qCritical() << "---> [Fail][Package][type3] Now only support table widget(QTableWidget) <--- "
-                    << ClassOf(widget);
+        qCCritical(lcFramework) << "---> [Fail][Package][type3] Now only support table widget(QTableWidget) <--- "
+                                << ClassOf(widget);
         return;
     }
     auto *table = static_cast<QTableWidget *>(widget);
@@ -138,7 +148,7 @@ void CAutoBindingDataModelDockWidget::PackageType3Widget(QWidget *widget, QStrin
     for (int r = 0; r < rows.size(); ++r) {
         const QString dataType = GetJsonValueConst(memberProperty, rows[r] + ".trait.dataType").toString();
         if (!packedTypes.contains(dataType)) {
-            qCritical() << "---> [Fail][Package][type3] Not support this data type yet <---" << dataType;
+            qCCritical(lcFramework) << "---> [Fail][Package][type3] Not support this data type yet <---" << dataType;
             continue;
         }
         QJsonArray values;
@@ -148,16 +158,16 @@ void CAutoBindingDataModelDockWidget::PackageType3Widget(QWidget *widget, QStrin
                 values.append(text);
         }
         const QString memberPath = group + ".memberProperty." + rows[r];
-        qDebug() << "---> [Package][type3] Path in memberValue <--- " << memberPath
-                 << "---> [Package][type3] Value array<--- " << values;
-        if (!WriteMemberValue(m_model, memberPath, values))
-            qCritical() << "---> [Fail][Package][type3] : memberValuePath <--- " << memberPath;
+        qCDebug(lcFramework) << "---> [Package][type3] Path in memberValue <--- " << memberPath
+                             << "---> [Package][type3] Value array<--- " << values;
+        if (!WriteMemberValue(m_model, SValueTarget(memberPath), values))
+            qCCritical(lcFramework) << "---> [Fail][Package][type3] : memberValuePath <--- " << memberPath;
     }
 }
 
 void CAutoBindingDataModelDockWidget::UpdateWidgets(QJsonObject model)
 {
-    qDebug() << "============ [Start] Update Widget  ============ ";
+    qCDebug(lcFramework) << "============ [Start] Update Widget  ============ ";
     m_isModelReady = false;
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
     for (QWidget *widget : widgets) {
@@ -166,11 +176,11 @@ void CAutoBindingDataModelDockWidget::UpdateWidgets(QJsonObject model)
             continue;
         const QString path = PathOf(name);
         if (!IsJsonValueDefined(GetJsonValueConst(model, path))) {
-            qCritical().noquote() << "====== Failed to update: Cannot get its JSON ojbect ======" + name;
+            qCCritical(lcFramework).noquote() << "====== Failed to update: Cannot get its JSON ojbect ======" + name;
             continue;
         }
         const int groupType = GetGroupType(path);
-        qDebug() << "====== Update Widget: objName ======" << name << "---> GroupType <---" << groupType;
+        qCDebug(lcFramework) << "====== Update Widget: objName ======" << name << "---> GroupType <---" << groupType;
         switch (groupType) {
         case 1:
             UpdateType1Widget(widget, path, model);
@@ -182,11 +192,11 @@ void CAutoBindingDataModelDockWidget::UpdateWidgets(QJsonObject model)
             UpdateType3Widget(widget, path, model);
             break;
         default:
-            qCritical() << "====== Failed to update : Not support this group type yet ======";
+            qCCritical(lcFramework) << "====== Failed to update : Not support this group type yet ======";
             break;
         }
     }
-    qDebug() << "============ [Done] Update Widget ============ ";
+    qCDebug(lcFramework) << "============ [Done] Update Widget ============ ";
     CheckDateModelIntegrity(model);
     m_isModelReady = true;
 }
@@ -195,15 +205,15 @@ void CAutoBindingDataModelDockWidget::UpdateType1Widget(QWidget *widget, QString
 {
     const QJsonObject member = GetJsonValueConst(model, path).toObject();
     const QJsonValue trait = member.value("trait");
-    qDebug() << "---> [Update][type1] Trait JSON object <---" << trait;
+    qCDebug(lcFramework) << "---> [Update][type1] Trait JSON object <---" << trait;
     if (!IsJsonValueDefined(trait)) {
-        qCritical() << "---> [Fail][Update][type1] Cannot get the trait info <---";
+        qCCritical(lcFramework) << "---> [Fail][Update][type1] Cannot get the trait info <---";
         return;
     }
     const QString dataType = trait.toObject().value("dataType").toString();
     const QJsonValue value = trait.toObject().value("defaultValue");
-    qDebug() << "---> [Update][type1] DataType <---" << dataType << "---> [Update][type1] Value to update <---"
-             << value;
+    qCDebug(lcFramework) << "---> [Update][type1] DataType <---" << dataType
+                         << "---> [Update][type1] Value to update <---" << value;
     if (!IsJsonValueDefined(value))
         return;
     const QString text = value.toString();
@@ -225,15 +235,15 @@ void CAutoBindingDataModelDockWidget::UpdateType1Widget(QWidget *widget, QString
         box->setText(member.value("caption").toString());
         box->setChecked(text == "true");
     } else {
-        qCritical() << "---> [Fail][Update][type1] Not support this data type yet <---";
+        qCCritical(lcFramework) << "---> [Fail][Update][type1] Not support this data type yet <---";
     }
 }
 
 void CAutoBindingDataModelDockWidget::UpdateType3Widget(QWidget *widget, QString path, QJsonObject model)
 {
     if (!IsClass(widget, "QTableWidget")) {
-        qCritical() << "---> [Fail][Update][type3] Now only support table widget(QTableWidget) <--- "
-                    << ClassOf(widget);
+        qCCritical(lcFramework) << "---> [Fail][Update][type3] Now only support table widget(QTableWidget) <--- "
+                                << ClassOf(widget);
         return;
     }
     auto *table = static_cast<QTableWidget *>(widget);
@@ -242,9 +252,9 @@ void CAutoBindingDataModelDockWidget::UpdateType3Widget(QWidget *widget, QString
     const int columns = memberProperty.value("dimentionCount").toInt(0);
     const QJsonArray memberList = GetJsonValueConst(model, group + ".memberList").toArray();
     const QStringList rows = SupportedRows(memberProperty, memberList);
-    qDebug() << "---> [Update][type3] Column info <--- dimention" << columns
-             << "---> [Update][type3] Row info - after checking the support status in memeber list <---"
-             << rows.size() << rows;
+    qCDebug(lcFramework) << "---> [Update][type3] Column info <--- dimention" << columns
+                         << "---> [Update][type3] Row info - after checking the support status in memeber list <---"
+                         << rows.size() << rows;
 
     QStringList captions;
     for (int r = 0; r < rows.size(); ++r) {
@@ -253,32 +263,33 @@ void CAutoBindingDataModelDockWidget::UpdateType3Widget(QWidget *widget, QString
         const QString dataType = trait.value("dataType").toString();
         const QJsonArray values = trait.value("defaultValue").toArray();
         captions << member.value("caption").toString();
-        qDebug() << "---> [Update][type3] Update Row <--- " << rows[r] << "---> [Update][type3] == " << rows[r]
-                 << " == DataType <---" << dataType << " == DefaultValueArray " << values << " == <--- ";
+        qCDebug(lcFramework) << "---> [Update][type3] Update Row <--- " << rows[r]
+                             << "---> [Update][type3] == " << rows[r] << " == DataType <---" << dataType
+                             << " == DefaultValueArray " << values << " == <--- ";
         int base = 10;
         if (dataType == "unsignedRange" && IsJsonValueDefined(trait.value("value").toObject().value("displayBase"))) {
-            qDebug() << "---> [Update][type3]UnsignedRange: It has displayBase <--- ";
+            qCDebug(lcFramework) << "---> [Update][type3]UnsignedRange: It has displayBase <--- ";
             base = trait.value("value").toObject().value("displayBase").toInt();
         }
         if (dataType != "pointRange" && dataType != "unsignedRange" && dataType != "range" && dataType != "label") {
             if (dataType != "list")
-                qCritical() << "---> [Fail][Update][type3] Not support this data type yet <---";
+                qCCritical(lcFramework) << "---> [Fail][Update][type3] Not support this data type yet <---";
             continue;
         }
+        // A cell is of the class its row's data type made at initialisation;
+        // a model with more columns, or with rows that moved since, meets
+        // missing cells or cells of another class, which keep what they show.
         for (int c = 0; c < columns; ++c) {
             QWidget *cell = table->cellWidget(r, c);
-            if (!cell)
-                continue;
             const QString value = EntryOrLast(values, c).toString();
-            if (dataType == "pointRange")
-                static_cast<QDoubleSpinBox *>(cell)->setValue(value.toDouble());
-            else if (dataType == "unsignedRange")
-                static_cast<CUnsignedSpinBox *>(cell)->setText(
-                    QString::number(value.toUInt(nullptr, 10), base).toUpper());
-            else if (dataType == "range")
-                static_cast<QSpinBox *>(cell)->setValue(ToIntBase10(value));
-            else
-                static_cast<QLabel *>(cell)->setText(value);
+            if (auto *real = qobject_cast<QDoubleSpinBox *>(cell); real && dataType == "pointRange")
+                real->setValue(value.toDouble());
+            else if (auto *field = qobject_cast<CUnsignedSpinBox *>(cell); field && dataType == "unsignedRange")
+                field->setText(QString::number(value.toUInt(nullptr, 10), base).toUpper());
+            else if (auto *number = qobject_cast<QSpinBox *>(cell); number && dataType == "range")
+                number->setValue(ToIntBase10(value));
+            else if (auto *label = qobject_cast<QLabel *>(cell); label && dataType == "label")
+                label->setText(value);
         }
     }
     table->setVerticalHeaderLabels(captions);
@@ -287,8 +298,8 @@ void CAutoBindingDataModelDockWidget::UpdateType3Widget(QWidget *widget, QString
 void CAutoBindingDataModelDockWidget::UpdateType2Widget(QWidget *widget, QString path, QJsonObject model)
 {
     if (!IsClass(widget, "QTableWidget")) {
-        qCritical() << "---> [Fail][Update][type2] Now only support table widget(QTableWidget) <--- "
-                    << ClassOf(widget);
+        qCCritical(lcFramework) << "---> [Fail][Update][type2] Now only support table widget(QTableWidget) <--- "
+                                << ClassOf(widget);
         return;
     }
     auto *table = static_cast<QTableWidget *>(widget);
@@ -296,8 +307,8 @@ void CAutoBindingDataModelDockWidget::UpdateType2Widget(QWidget *widget, QString
     const QJsonObject memberProperty = GetJsonValueConst(model, group + ".memberProperty").toObject();
     const QJsonArray memberList = GetJsonValueConst(model, group + ".memberList").toArray();
     const QJsonArray instanceList = GetJsonValueConst(model, group + ".instanceList").toArray();
-    qDebug() << "---> [Update][type2] Column info(from memeber list) <---" << memberList
-             << "---> [Update][type2] Row info(from instance list) <---" << instanceList;
+    qCDebug(lcFramework) << "---> [Update][type2] Column info(from memeber list) <---" << memberList
+                         << "---> [Update][type2] Row info(from instance list) <---" << instanceList;
     for (int c = 0; c < memberList.size(); ++c) {
         const QString member = memberList[c].toString();
         const QString dataType = GetJsonValueConst(memberProperty, member + ".trait.dataType").toString();
@@ -305,9 +316,13 @@ void CAutoBindingDataModelDockWidget::UpdateType2Widget(QWidget *widget, QString
             const QString value =
                 GetJsonValueConst(memberProperty, instanceList[r].toString() + "." + member + ".defaultValue")
                     .toString();
-            qDebug() << "---> [Update][type2] ==" << r << c << "== Data type <---" << dataType
-                     << "== defaultValue <---" << value;
+            qCDebug(lcFramework) << "---> [Update][type2] ==" << r << c << "== Data type <---" << dataType
+                                 << "== defaultValue <---" << value;
+            // A model with more instances or members than the table has
+            // cells leaves the rest unshown.
             QWidget *cell = table->cellWidget(r, c);
+            if (!cell)
+                continue;
             if (dataType == "pointRange" && IsClass(cell, "QDoubleSpinBox"))
                 static_cast<QDoubleSpinBox *>(cell)->setValue(value.toDouble());
             else if (dataType == "range" && IsClass(cell, "QSpinBox"))
@@ -315,7 +330,7 @@ void CAutoBindingDataModelDockWidget::UpdateType2Widget(QWidget *widget, QString
             else if (dataType == "label" && IsClass(cell, "QLabel"))
                 static_cast<QLabel *>(cell)->setText(value);
             else
-                qCritical() << "---> [Fail][Update][type2] Not support this data type yet<---";
+                qCCritical(lcFramework) << "---> [Fail][Update][type2] Not support this data type yet<---";
         }
     }
 }
@@ -326,11 +341,11 @@ void CAutoBindingDataModelDockWidget::CheckDateModelIntegrity(QJsonObject model)
     const QJsonArray messages = GetJsonValueConst(model, "modelIntegrity.messageList").toArray();
     const QJsonValue emptyModel = model.value("emptyModel");
     if (!IsJsonPathMissing(model, "modelIntegrity")) {
-        qDebug() << "Check finish: find defined the modelIntegrity: remove it to avoid unexpected failed!";
+        qCDebug(lcFramework) << "Check finish: find defined the modelIntegrity: remove it to avoid unexpected failed!";
         model.remove("modelIntegrity");
         m_model.remove("modelIntegrity");
     }
-    qDebug() << "CheckDateModelIntegrity ----- " << integrity << emptyModel;
+    qCDebug(lcFramework) << "CheckDateModelIntegrity ----- " << integrity << emptyModel;
 
     const bool hasIntegrity = IsJsonValueDefined(integrity);
     const bool isEmpty = IsJsonValueDefined(emptyModel);
@@ -348,6 +363,6 @@ void CAutoBindingDataModelDockWidget::CheckDateModelIntegrity(QJsonObject model)
                                  QString(), -1);
         return;
     }
-    qDebug() << "CheckDateModelIntegrity -- Update DataMode --";
+    qCDebug(lcFramework) << "CheckDateModelIntegrity -- Update DataMode --";
     m_model = model;
 }

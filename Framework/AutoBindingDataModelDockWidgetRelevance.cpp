@@ -6,7 +6,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDebug>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QSpinBox>
@@ -14,18 +13,19 @@
 
 #include "JsonPath.h"
 #include "ModelBinding.h"
+#include "RadbenchLog.h"
 
 using namespace ModelBinding;
 
 void CAutoBindingDataModelDockWidget::Slot_CheckBoxValueChange(int state)
 {
-    qDebug() << "============ [Value Relevance]Check Box  =========== " << state;
+    qCDebug(lcFramework) << "============ [Value Relevance]Check Box  =========== " << state;
     Slot_ValueChange(state == Qt::Checked ? "true" : "false");
 }
 
 void CAutoBindingDataModelDockWidget::Slot_CheckBoxEnableStatusChange(int state)
 {
-    qDebug() << "============ [Status Relevance]Check Box  =========== " << state;
+    qCDebug(lcFramework) << "============ [Status Relevance]Check Box  =========== " << state;
     Slot_EnableStatusChange(state == Qt::Checked ? "true" : "false");
 }
 
@@ -82,37 +82,37 @@ void CAutoBindingDataModelDockWidget::Slot_EnableStatusChange(QString currentTex
 
 void CAutoBindingDataModelDockWidget::WalkRelevance(const SRelevanceWalk &walk, const QString &currentText)
 {
-    qDebug() << walk.start << currentText;
+    qCDebug(lcFramework) << walk.start << currentText;
     if (currentText.isEmpty())
         return; // a combo box being cleared says nothing
     auto *publisher = qobject_cast<QWidget *>(sender());
     if (!publisher || !publisher->isVisible() || (walk.needsEnabledPublisher && !publisher->isEnabled()))
         return;
-    qDebug() << walk.key << currentText;
+    qCDebug(lcFramework) << walk.key << currentText;
     const QJsonValue member = GetJsonValueConst(m_model, PathOf(publisher->objectName()));
     const QJsonArray list = member.toObject().value(walk.publishList).toArray();
     if (IsJsonValueDefined(member))
-        qDebug() << walk.listLog << list << "count: " << list.size();
+        qCDebug(lcFramework) << walk.listLog << list << "count: " << list.size();
     for (int i = 0; i < list.size() && i < 255; ++i) {
         const QString path = ExpandModelPath(list[i].toString());
-        qDebug() << walk.current << path;
+        qCDebug(lcFramework) << walk.current << path;
         const int groupType = GetGroupType(path);
-        qDebug() << walk.groupType << groupType;
+        qCDebug(lcFramework) << walk.groupType << groupType;
         QString key = currentText;
         const QJsonArray subscribeList = GetJsonValueConst(m_model, path + walk.subscribeList).toArray();
         if (!subscribeList.isEmpty()) {
             key = RebuildKeyFromWidgets(subscribeList, m_model);
-            qDebug() << walk.hasSubscribeList << subscribeList;
+            qCDebug(lcFramework) << walk.hasSubscribeList << subscribeList;
         }
-        qDebug() << walk.keyLog << key;
+        qCDebug(lcFramework) << walk.keyLog << key;
         if (groupType == 1)
             (this->*walk.type1)(path, key);
         else if (groupType == 3)
             (this->*walk.type3)(path, key);
         else
-            qCritical() << walk.fail;
+            qCCritical(lcFramework) << walk.fail;
     }
-    qDebug() << walk.done;
+    qCDebug(lcFramework) << walk.done;
 }
 
 namespace {
@@ -140,7 +140,7 @@ QString CAutoBindingDataModelDockWidget::RebuildKeyFromWidgets(QJsonArray list, 
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
     for (int i = 0; i < list.size() && i < 255; ++i) {
         const QString path = ExpandModelPath(list[i].toString());
-        qDebug() << "---> subscribeValue <---" << path;
+        qCDebug(lcFramework) << "---> subscribeValue <---" << path;
         for (QWidget *widget : widgets) {
             if (PathOf(widget->objectName()) != path)
                 continue;
@@ -166,7 +166,7 @@ QString CAutoBindingDataModelDockWidget::RebuildKeyFromModel(QJsonArray list, QJ
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
     for (int i = 0; i < list.size() && i < 255; ++i) {
         const QString path = ExpandModelPath(list[i].toString());
-        qDebug() << "---> subscribeValue <---" << path;
+        qCDebug(lcFramework) << "---> subscribeValue <---" << path;
         for (QWidget *widget : widgets) {
             if (PathOf(widget->objectName()) != path)
                 continue;
@@ -190,30 +190,30 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString 
 {
     QWidget *widget = FindBoundWidget(path);
     if (!widget) {
-        qCritical() << "---> [Fail][Value Relevance][type1] Cannot find widget pointer <--- " << path;
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type1] Cannot find widget pointer <--- " << path;
         return;
     }
-    qDebug() << "---> [Value Relevance][type1] Find!!!!!!! <--- " << path;
+    qCDebug(lcFramework) << "---> [Value Relevance][type1] Find!!!!!!! <--- " << path;
     if (!widget->isVisible()) {
-        qDebug() << "---> Skip - invisible <---";
+        qCDebug(lcFramework) << "---> Skip - invisible <---";
         return;
     }
     const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
     if (!IsJsonValueDefined(trait)) {
-        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the Trait JSON object <---";
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type1] Cannot get the Trait JSON object <---";
         return;
     }
     const QJsonValue valuePair = trait.toObject().value("valuePair");
-    qDebug() << "---> [Value Relevance][type1] Vair Pair JSON object <--- " << valuePair;
+    qCDebug(lcFramework) << "---> [Value Relevance][type1] Vair Pair JSON object <--- " << valuePair;
     if (!IsJsonValueDefined(valuePair)) {
-        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the valuePair JSON object <---";
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type1] Cannot get the valuePair JSON object <---";
         return;
     }
     const QJsonValue entry = GetJsonValueConst(valuePair.toObject(), key);
     if (!IsJsonValueDefined(entry)) {
-        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the mapping of key and value in the "
-                       "ValuePair JSON Object"
-                    << key;
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type1] Cannot get the mapping of key and value in the "
+                                   "ValuePair JSON Object"
+                                << key;
         return;
     }
 
@@ -222,15 +222,15 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString 
     const bool calData = m_isCalDataPage != 0;
     if (dataType == "list" && IsClass(widget, "QComboBox")) {
         auto *box = static_cast<QComboBox *>(widget);
-        qDebug() << "---> [Value Relevance][type1] Combobox List <---"
-                 << "---> [Value Relevance][type1] Final value <---" << entry;
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Combobox List <---"
+                             << "---> [Value Relevance][type1] Final value <---" << entry;
         box->clear();
         for (const QJsonValue &item : entry.toArray())
             box->addItem(item.toString());
         box->setCurrentIndex(0);
     } else if (dataType == "range" && IsClass(widget, "QSpinBox")) {
         auto *box = static_cast<QSpinBox *>(widget);
-        qDebug() << "---> [Value Relevance][type1] Spin Box <---";
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Spin Box <---";
         const QJsonObject space = entry.toObject();
         const IntRange range = IntRangeOf(space);
         const int defaultValue = ToIntBase10(defaultText);
@@ -240,46 +240,59 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString 
         box->setToolTip(range.ToolTip());
         box->setValue(value);
         if (IsJsonValueDefined(space.value("rangeCheck"))) {
-            qDebug() << "---> [Value Relevance][type1] Has the range check <---";
+            qCDebug(lcFramework) << "---> [Value Relevance][type1] Has the range check <---";
             box->setToolTip(space.value("rangeCheck").toString());
         }
         if (IsJsonValueDefined(space.value("value")) && !calData) {
-            qDebug() << "---> [Value Relevance][type1] Has the value in valuePair <---";
+            qCDebug(lcFramework) << "---> [Value Relevance][type1] Has the value in valuePair <---";
             box->setValue(ToIntBase10(space.value("value").toString()));
         }
-        qDebug() << "---> [Value Relevance][type1] Final Value <---" << box->value();
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Final Value <---" << box->value();
     } else if (dataType == "pointRange" && IsClass(widget, "QDoubleSpinBox")) {
         auto *box = static_cast<QDoubleSpinBox *>(widget);
-        qDebug() << "---> [Value Relevance][type1] Double Spin Box <---";
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Double Spin Box <---";
         const DoubleRange range = DoubleRangeOf(entry.toObject());
         const double value = calData ? range.Clamp(defaultText.toDouble()) : range.Middle();
         box->setMaximum(range.max);
         box->setMinimum(range.min);
         box->setToolTip(range.ToolTip());
         box->setValue(value);
-        qDebug() << "---> [Value Relevance][type1] Final Value <---" << box->value();
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Final Value <---" << box->value();
     } else if (dataType == "label" && IsClass(widget, "QLabel")) {
-        qDebug() << "---> [Value Relevance][type1] Label <---";
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Label <---";
         static_cast<QLabel *>(widget)->setText(entry.toString());
-        qDebug() << "---> [Value Relevance][type1] Final Value <---" << entry.toString();
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Final Value <---" << entry.toString();
     } else if (dataType == "boolean" && IsClass(widget, "QCheckBox")) {
-        qDebug() << "---> [Value Relevance][type1] Check Box <---";
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Check Box <---";
         static_cast<QCheckBox *>(widget)->setChecked(entry.toString() == "true");
-        qDebug() << "---> [Value Relevance][type1] Final Value <---" << entry.toString();
+        qCDebug(lcFramework) << "---> [Value Relevance][type1] Final Value <---" << entry.toString();
     } else {
-        qCritical() << "---> [Fail][Value Relevance][type1] Cannot get the mapping of dataType and widget <--- "
-                    << dataType << ClassOf(widget);
+        qCCritical(lcFramework)
+            << "---> [Fail][Value Relevance][type1] Cannot get the mapping of dataType and widget <--- " << dataType
+            << ClassOf(widget);
     }
 }
 
-QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &path, const char *relevance, int &row,
-                                                              int &columns)
+struct CAutoBindingDataModelDockWidget::STableSearchTrace {
+    const char *rowInfo;
+    const char *columnInfo; // nullptr: not traced
+    const char *notTable;
+    const char *noTable;
+    const char *tableFound;
+    const char *noRow;
+    const char *rowFound;
+};
+
+QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &path, const STableSearchTrace &trace,
+                                                              int &row, int &columns)
 {
     const QJsonObject group = GetJsonValueConst(m_model, GroupOf(path)).toObject();
     const QJsonObject memberProperty = group.value("memberProperty").toObject();
     columns = memberProperty.value("dimentionCount").toInt(0);
     const QStringList rows = SupportedRows(memberProperty, group.value("memberList").toArray());
-    qDebug().noquote() << QString("---> [%1][type3] Get row info <--- ").arg(relevance) << rows;
+    qCDebug(lcFramework) << trace.rowInfo << rows;
+    if (trace.columnInfo)
+        qCDebug(lcFramework) << trace.columnInfo << columns;
 
     QTableWidget *table = nullptr;
     for (const QString &member : rows) {
@@ -287,24 +300,23 @@ QTableWidget *CAutoBindingDataModelDockWidget::FindGroupTable(const QString &pat
         if (!candidate)
             continue;
         if (!IsClass(candidate, "QTableWidget")) {
-            qCritical().noquote() << QString("---> [Fail][%1][type3] The widget is no table: ").arg(relevance)
-                                  << ClassOf(candidate);
+            qCCritical(lcFramework) << trace.notTable << ClassOf(candidate);
             continue;
         }
         table = static_cast<QTableWidget *>(candidate);
         break;
     }
     if (!table) {
-        qCritical().noquote() << QString("---> [Fail][%1][type3] Cannot fine widget pointer").arg(relevance) << path;
+        qCCritical(lcFramework) << trace.noTable << path;
         return nullptr;
     }
-    qDebug().noquote() << QString("---> [%1][type3] Find the widget pointer!!!!!!!!! <--- ").arg(relevance);
+    qCDebug(lcFramework) << trace.tableFound;
     row = rows.indexOf(path.mid(path.lastIndexOf('.') + 1));
     if (row < 0) {
-        qCritical().noquote() << QString("---> [Fail][%1][type3] Cannot fine row index").arg(relevance) << path;
+        qCCritical(lcFramework) << trace.noRow << path;
         return nullptr;
     }
-    qDebug().noquote() << QString("---> [%1][type3] Find the row index <--- ").arg(relevance) << row;
+    qCDebug(lcFramework) << trace.rowFound << row;
     return table;
 }
 
@@ -324,7 +336,7 @@ void CAutoBindingDataModelDockWidget::RecomputeSpinCells(QTableWidget *table, in
         cell->setMinimum(range.min);
         cell->setToolTip(range.ToolTip());
         cell->setValue(value);
-        qDebug() << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
+        qCDebug(lcFramework) << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;
         // Here the forced value goes with the check, unlike in a type 1 field.
         if (IsJsonValueDefined(rangeCheck)) {
             if (IsJsonValueDefined(forced) && !calData)
@@ -336,29 +348,38 @@ void CAutoBindingDataModelDockWidget::RecomputeSpinCells(QTableWidget *table, in
 
 void CAutoBindingDataModelDockWidget::ValueRelevanceType3(QString path, QString key)
 {
+    static const STableSearchTrace trace{
+        "---> [Value Relevance][type3] Get row info <--- ",
+        "---> [Value Relevance][type3] Get column info <--- ",
+        "---> [Fail][Value Relevance][type3] The widget is no table: ",
+        "---> [Fail][Value Relevance][type3] Cannot fine widget pointer",
+        "---> [Value Relevance][type3] Find!!!!!!!!! <--- ",
+        "---> [Fail][Value Relevance][type3] Cannot fine row index",
+        "---> [Value Relevance][type3] Find the row index <--- "};
     int row = 0;
     int columns = 0;
-    QTableWidget *table = FindGroupTable(path, "Value Relevance", row, columns);
+    QTableWidget *table = FindGroupTable(path, trace, row, columns);
     if (!table)
         return;
     const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
     if (!IsJsonValueDefined(trait)) {
-        qCritical() << "---> [Fail][Value Relevance][type3] Cannot fine the Trait JSON Object";
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type3] Cannot fine the Trait JSON Object";
         return;
     }
     const QJsonValue valuePair = trait.toObject().value("valuePair");
     if (!IsJsonValueDefined(valuePair)) {
-        qCritical() << "---> [Fail][Value Relevance][type3] Cannot get the ValuePair JSON Object";
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type3] Cannot get the ValuePair JSON Object";
         return;
     }
     const QJsonValue entry = GetJsonValueConst(valuePair.toObject(), key);
     if (!IsJsonValueDefined(entry)) {
-        qCritical() << "---> [Fail][Value Relevance][type3] Cannot get the mapping of key and value in the ValuePair "
-                       "JSON Object"
-                    << key;
+        qCCritical(lcFramework)
+            << "---> [Fail][Value Relevance][type3] Cannot get the mapping of key and value in the ValuePair "
+               "JSON Object"
+            << key;
         return;
     }
-    qDebug() << "---> [Value Relevance][type3] Vair Pair JSON object <--- " << valuePair;
+    qCDebug(lcFramework) << "---> [Value Relevance][type3] Vair Pair JSON object <--- " << valuePair;
 
     const QJsonObject space = entry.toObject();
     const QString dataType = trait.toObject().value("dataType").toString();
@@ -367,18 +388,18 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType3(QString path, QString 
     const QJsonValue forced = space.value("value");
 
     if (dataType == "range" || dataType == "pointRange") {
-        qDebug() << (dataType == "range" ? "---> [Value Relevance][type3] Spin Box <---"
-                                         : "---> [Value Relevance][type3] Double Spin Box <---");
+        qCDebug(lcFramework) << (dataType == "range" ? "---> [Value Relevance][type3] Spin Box <---"
+                                                     : "---> [Value Relevance][type3] Double Spin Box <---");
         if (IsJsonValueDefined(rangeCheck))
-            qDebug() << "---> [Value Relevance][type3] Has the range check <---";
+            qCDebug(lcFramework) << "---> [Value Relevance][type3] Has the range check <---";
         if (IsJsonValueDefined(rangeCheck) && IsJsonValueDefined(forced) && m_isCalDataPage == 0)
-            qDebug() << "---> [Value Relevance][type3] Has the value in valuePair <---";
+            qCDebug(lcFramework) << "---> [Value Relevance][type3] Has the value in valuePair <---";
         if (dataType == "range")
             RecomputeSpinCells<QSpinBox>(table, row, columns, IntRangeOf(space), defaults, rangeCheck, forced);
         else
             RecomputeSpinCells<QDoubleSpinBox>(table, row, columns, DoubleRangeOf(space), defaults, rangeCheck, forced);
     } else {
-        qCritical() << "---> [Fail][Value Relevance][type3] Not support this data type yet" << dataType;
+        qCCritical(lcFramework) << "---> [Fail][Value Relevance][type3] Not support this data type yet" << dataType;
     }
 }
 
@@ -386,73 +407,84 @@ void CAutoBindingDataModelDockWidget::StatusRelevanceType1(QString path, QString
 {
     QWidget *widget = FindBoundWidget(path);
     if (!widget) {
-        qCritical() << "---> [Fail][Status Relevance][type1] Cannot find widget pointer <--- " << path;
+        qCCritical(lcFramework) << "---> [Fail][Status Relevance][type1] Cannot find widget pointer <--- " << path;
         return;
     }
-    qDebug() << "---> [Status Relevance][type1] Find the widget pointer!!!!!!!!! <--- " << path;
+    qCDebug(lcFramework) << "---> [Status Relevance][type1] Find the widget pointer!!!!!!!!! <--- " << path;
     if (!widget->isVisible()) {
-        qDebug() << "---> Skip: invisible <--- ";
+        qCDebug(lcFramework) << "---> Skip: invisible <--- ";
         return;
     }
     const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
     if (!IsJsonValueDefined(trait)) {
-        qCritical() << "---> [Fail][Status Relevance][type1] Cannot find the trait JSON object <--- ";
+        qCCritical(lcFramework) << "---> [Fail][Status Relevance][type1] Cannot find the trait JSON object <--- ";
         return;
     }
     const QJsonValue pair = trait.toObject().value("enableStatusPair");
-    qDebug() << "---> [Status Relevance][type1] Enable Status Pair <--- " << pair;
+    qCDebug(lcFramework) << "---> [Status Relevance][type1] Enable Status Pair <--- " << pair;
     if (!IsJsonValueDefined(pair)) {
-        qCritical() << "---> [Fail][Status Relevance][type1] Cannot find the EnableStatusPair JSON object <--- ";
+        qCCritical(lcFramework)
+            << "---> [Fail][Status Relevance][type1] Cannot find the EnableStatusPair JSON object <--- ";
         return;
     }
     const QJsonValue entry = GetJsonValueConst(pair.toObject(), key);
-    qDebug() << "---> [Status Relevance][type1] Final enable <--- " << entry;
+    qCDebug(lcFramework) << "---> [Status Relevance][type1] Final enable <--- " << entry;
     if (!IsJsonValueDefined(entry)) {
-        qCritical() << "---> [Fail][Status Relevance][type1] Cannot get the mapping of key and value in the "
-                       "ValuePair JSON Object"
-                    << key;
+        qCCritical(lcFramework)
+            << "---> [Fail][Status Relevance][type1] Cannot get the mapping of key and value in the "
+               "ValuePair JSON Object"
+            << key;
         return;
     }
     widget->setEnabled(entry.toInt() != 0);
 
     if (auto *box = AsClass<QCheckBox>(widget, "QCheckBox")) {
         if (!box->isEnabled()) {
-            qDebug() << "---> [Status Relevance][type1] check box publish current check status <---";
+            qCDebug(lcFramework) << "---> [Status Relevance][type1] check box publish current check status <---";
             box->setChecked(false);
         }
     } else if (auto *box = AsClass<QComboBox>(widget, "QComboBox")) {
-        qDebug() << "---> [Status Relevance][type1] combox box publish current text change <---";
+        qCDebug(lcFramework) << "---> [Status Relevance][type1] combox box publish current text change <---";
         emit box->currentTextChanged(box->currentText());
     } else if (auto *box = AsClass<QSpinBox>(widget, "QSpinBox")) {
-        qDebug() << "---> [Status Relevance][type1] spin box publish current text change <---";
+        qCDebug(lcFramework) << "---> [Status Relevance][type1] spin box publish current text change <---";
         emit box->textChanged(box->text());
     }
 }
 
 void CAutoBindingDataModelDockWidget::StatusRelevanceType3(QString path, QString key)
 {
+    static const STableSearchTrace trace{
+        "---> [Status Relevance][type3] Get row info <--- ",
+        nullptr,
+        "---> [Fail][Status Relevance][type3] The widget is no table: ",
+        "---> [Fail][Status Relevance][type3] Cannot fine widget pointer",
+        "---> [Status Relevance][type3] Find the widget pointer!!!!!!!!! <--- ",
+        "---> [Fail][Status Relevance][type3] Cannot fine row index",
+        "---> [Status Relevance][type3] Find the row index <--- "};
     int row = 0;
     int columns = 0;
-    QTableWidget *table = FindGroupTable(path, "Status Relevance", row, columns);
+    QTableWidget *table = FindGroupTable(path, trace, row, columns);
     if (!table)
         return;
     const QJsonValue trait = GetJsonValueConst(m_model, path + ".trait");
-    qDebug() << "---> [Status Relevance][type3] Trait Object <--- " << trait;
+    qCDebug(lcFramework) << "---> [Status Relevance][type3] Trait Object <--- " << trait;
     if (!IsJsonValueDefined(trait)) {
-        qCritical() << "---> [Fail][Status Relevance][type3] Cannot fine the Trait JSON Object";
+        qCCritical(lcFramework) << "---> [Fail][Status Relevance][type3] Cannot fine the Trait JSON Object";
         return;
     }
     const QJsonValue pair = trait.toObject().value("enableStatusPair");
     if (!IsJsonValueDefined(pair)) {
-        qCritical() << "---> [Fail][Status Relevance][type3] Cannot fine the EnableStatusPair JSON Object";
+        qCCritical(lcFramework) << "---> [Fail][Status Relevance][type3] Cannot fine the EnableStatusPair JSON Object";
         return;
     }
     const QJsonValue entry = GetJsonValueConst(pair.toObject(), key);
-    qDebug() << "---> [Status Relevance][type3] Final enable <--- " << entry;
+    qCDebug(lcFramework) << "---> [Status Relevance][type3] Final enable <--- " << entry;
     if (!IsJsonValueDefined(entry)) {
-        qCritical() << "---> [Fail][Status Relevance][type3] Cannot get the mapping of key and value in the "
-                       "ValuePair JSON Object"
-                    << key;
+        qCCritical(lcFramework)
+            << "---> [Fail][Status Relevance][type3] Cannot get the mapping of key and value in the "
+               "ValuePair JSON Object"
+            << key;
         return;
     }
     for (int c = 0; c < columns; ++c) {

@@ -1,7 +1,6 @@
 #include "AutoBindingDataModelForm.h"
 
 #include <QCloseEvent>
-#include <QDebug>
 #include <QEventLoop>
 #include <QMenu>
 #include <QMenuBar>
@@ -11,6 +10,7 @@
 
 #include "AutoBindingDataModelDockWidget.h"
 #include "MessageBoxMan.h"
+#include "RadbenchLog.h"
 
 CAutoBindingDataModelForm::CAutoBindingDataModelForm(QWidget *parent) : QMainWindow(parent) {}
 
@@ -35,7 +35,7 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
 
     m_allInitPageCount = pageList.length();
     m_currentInitPageCount = 0;
-    qDebug() << "pageList.length()" << pageList.length();
+    qCDebug(lcFramework) << "pageList.length()" << pageList.length();
 
     if (QMenuBar *bar = menuWidget() ? qobject_cast<QMenuBar *>(menuWidget()) : nullptr) {
         setMenuBar(nullptr);
@@ -50,28 +50,28 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
     CAutoBindingDataModelDockWidget *previous = nullptr;
     for (const QString &name : qAsConst(pageList)) {
         const QByteArray pointerType = (name + "*").toLatin1();
-        qDebug() << "idPageName: " << pointerType;
+        qCDebug(lcFramework) << "idPageName: " << pointerType;
 
         const int type = QMetaType::type(pointerType.constData());
         if (type == QMetaType::UnknownType) {
             errors << name + ": unknown type";
-            qDebug() << "InitPage: unknown type";
+            qCDebug(lcFramework) << "InitPage: unknown type";
             continue;
         }
         const QMetaObject *metaObject = QMetaType::metaObjectForType(type);
         if (!metaObject) {
             errors << name + ": cannot get its meta object";
-            qDebug() << "InitPage: cannot get the meta object of" << name;
+            qCDebug(lcFramework) << "InitPage: cannot get the meta object of" << name;
             continue;
         }
         auto *page = qobject_cast<CAutoBindingDataModelDockWidget *>(
             metaObject->newInstance(Q_ARG(QWidget *, this)));
         if (!page) {
             errors << name + ": cannot new Instance";
-            qDebug() << "InitPage: cannot new Instance.";
+            qCDebug(lcFramework) << "InitPage: cannot new Instance.";
             continue;
         }
-        qDebug() << "idPageName: " << name << "Done" << page->windowTitle();
+        qCDebug(lcFramework) << "idPageName: " << name << "Done" << page->windowTitle();
 
         viewMenu->addAction(page->windowTitle());
         connect(page, &CAutoBindingDataModelDockWidget::Signal_UpdateStatus, this,
@@ -136,8 +136,8 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
 void CAutoBindingDataModelForm::Slot_InitDone()
 {
     ++m_currentInitPageCount;
-    qDebug() << windowTitle() << " Slot_InitDone() m_allInitPageCount: " << m_allInitPageCount
-             << " m_currentInitPageCount" << m_currentInitPageCount;
+    qCDebug(lcFramework) << windowTitle() << " Slot_InitDone() m_allInitPageCount: " << m_allInitPageCount
+                         << " m_currentInitPageCount" << m_currentInitPageCount;
 }
 
 void CAutoBindingDataModelForm::ShowContextMenu(const QPoint &pos)
@@ -161,7 +161,7 @@ void CAutoBindingDataModelForm::Slot_DockWidgetsTabChange(bool value)
     auto *origin = qobject_cast<QDockWidget *>(sender());
     if (!origin || !value)
         return;
-    qDebug() << origin->windowTitle() << " Slot_DockWidgetsTabChange() from " << windowTitle();
+    qCDebug(lcFramework) << origin->windowTitle() << " Slot_DockWidgetsTabChange() from " << windowTitle();
     for (CAutoBindingDataModelDockWidget *page : Pages()) {
         page->Slot_TriggerStopTest();
         page->setEnabled(page == origin || page->isFloating());

@@ -1,10 +1,10 @@
 #include "TdscdmaRadbenchPluginInterface.h"
 
-#include <QDebug>
 #include <QThreadPool>
 
 #include "AutoBindingDataModelDockWidget.h"
 #include "Platform/PortableCriticalSection.h"
+#include "RadbenchLog.h"
 
 // The plug-in's one lock lives as long as the library is loaded; naming it
 // here keeps it in the library.
@@ -40,7 +40,7 @@ void TdscdmaRadbenchPluginInterface::HideTool() { m_form.hide(); }
 SPluginToolLaunchRequirement TdscdmaRadbenchPluginInterface::QueryLaunchRequirement()
 {
     SPluginToolLaunchRequirement requirement;
-    qDebug() << "TdscdmaRadbenchPluginInterface::QueryLaunchRequirement ()";
+    qCDebug(lcView) << "TdscdmaRadbenchPluginInterface::QueryLaunchRequirement ()";
 
     QString reason;
     if (m_form.CheckSupport(reason)) {
@@ -50,8 +50,8 @@ SPluginToolLaunchRequirement TdscdmaRadbenchPluginInterface::QueryLaunchRequirem
         requirement.unsupportReason = reason;
     }
 
-    qDebug() << "TdscdmaRadbenchPluginInterface::QueryLaunchRequirement () isSupport " << requirement.isSupport
-             << " isNeedDb " << requirement.isNeedDb;
+    qCDebug(lcView) << "TdscdmaRadbenchPluginInterface::QueryLaunchRequirement () isSupport " << requirement.isSupport
+                    << " isNeedDb " << requirement.isNeedDb;
     return requirement;
 }
 

@@ -24,7 +24,10 @@ CHostOptions::CHostOptions()
       m_pageOption(QStringLiteral("page"),
                    QStringLiteral("With --screenshot: bring the tool's page titled <title> to the front "
                                   "before the picture is taken."),
-                   QStringLiteral("title"))
+                   QStringLiteral("title")),
+      m_traceOption(QStringLiteral("trace"),
+                    QStringLiteral("Print the tool's debug trace too (without it only warnings and failures are "
+                                   "printed, unless QT_LOGGING_RULES says otherwise)."))
 {
     m_parser.setApplicationDescription(
         QStringLiteral("Loads a Tavo tool plug-in and runs it against the simulated target."));
@@ -35,6 +38,7 @@ CHostOptions::CHostOptions()
     m_parser.addOption(m_timeoutOption);
     m_parser.addOption(m_nvramOption);
     m_parser.addOption(m_pageOption);
+    m_parser.addOption(m_traceOption);
 }
 
 CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
@@ -56,6 +60,7 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     screenshotFile = m_parser.value(m_screenshotOption);
     nvramFile = m_parser.value(m_nvramOption);
     page = m_parser.value(m_pageOption);
+    trace = m_parser.isSet(m_traceOption);
 
     bool ok = false;
     const QString timeoutText = m_parser.value(m_timeoutOption);

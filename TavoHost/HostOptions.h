@@ -23,6 +23,7 @@ public:
     QString page;           /* with --screenshot: the page to bring to the front */
     QString nvramFile;      /* empty: the target's NVRAM lives as long as the host */
     int timeoutSec = 60;
+    bool trace = false;     /* let the tool's debug trace through */
 
 private:
     QCommandLineParser m_parser;
@@ -32,5 +33,6 @@ private:
     QCommandLineOption m_timeoutOption;
     QCommandLineOption m_nvramOption;
     QCommandLineOption m_pageOption;
+    QCommandLineOption m_traceOption;
     QString m_error;
 };

@@ -3,6 +3,7 @@
  * See README.md for the options and menus.
  */
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QStringList>
 
 #include <cstdio>
@@ -18,6 +19,17 @@ void PrintLine(FILE *stream, const QString &line)
 {
     std::fputs(qPrintable(line + QLatin1Char('\n')), stream);
     std::fflush(stream);
+}
+
+// A tool's debug trace is for its developers, and a run would print
+// thousands of lines of it: it is filtered out unless the user asks for it
+// with --trace or has chosen logging rules of his own.
+void FilterDebugTrace(const CHostOptions &options)
+{
+    if (options.trace || !qEnvironmentVariableIsEmpty("QT_LOGGING_RULES") ||
+        !qEnvironmentVariableIsEmpty("QT_LOGGING_CONF"))
+        return;
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
 }
 
 int Run(const CHostOptions &options)
@@ -108,5 +120,6 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("tavo-host"));
     // The host quits when its own window closes, whatever the tool's windows do.
     QApplication::setQuitOnLastWindowClosed(false);
+    FilterDebugTrace(options);
     return Run(options);
 }

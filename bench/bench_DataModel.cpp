@@ -30,7 +30,8 @@ static const QString kDeepPath = "calDataIf.data.group7.memberProperty.uarfcn.tr
 
 void BenchDataModel::initTestCase()
 {
-    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    // The trace would be most of what is measured.
+    QLoggingCategory::setFilterRules("radbench.*.debug=false\ndefault.debug=false");
     InitRadbenchResources();
     TavoSim::LoadProfile("default");
     TavoSim::LoadDatabase();

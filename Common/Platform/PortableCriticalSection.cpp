@@ -14,5 +14,5 @@ void PortableCriticalSection::Unlock()
 
 bool PortableCriticalSection::TryLock()
 {
-    return m_mutex.tryLock();
+    return m_mutex.try_lock();
 }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QRecursiveMutex>
+#include <mutex>
 
 #include "LockableObject.h"
 
 // A critical section: the thread that holds it may enter it again, and must
-// leave it as often as it entered.
+// leave it as often as it entered. A standard mutex rather than Qt's, so
+// that ThreadSanitizer sees every enter and leave.
 class PortableCriticalSection : public CLockableObject {
 public:
     PortableCriticalSection() = default;
@@ -16,7 +17,7 @@ public:
     bool TryLock() override;
 
 private:
-    QRecursiveMutex m_mutex;
+    std::recursive_mutex m_mutex;
 };
 
 // The plug-in's one critical section, alive from load to unload.

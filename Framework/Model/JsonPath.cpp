@@ -1,6 +1,6 @@
 #include "JsonPath.h"
 
-#include <QDebug>
+#include "RadbenchLog.h"
 
 namespace {
 
@@ -37,7 +37,7 @@ bool SetIn(QJsonObject &object, QStringView path, const QString &wholePath, cons
     const SPathStep step = Split(path);
     QJsonValue local = object[step.head];
     if (!IsJsonValueDefined(local)) {
-        qCritical() << "Error: modify non-existing property" << step.head;
+        qCCritical(lcFramework) << "Error: modify non-existing property" << step.head;
         return false;
     }
     if (step.tail.isEmpty()) {
@@ -46,7 +46,7 @@ bool SetIn(QJsonObject &object, QStringView path, const QString &wholePath, cons
         QJsonObject inner = local.toObject();
         if (!SetIn(inner, step.tail, wholePath, value, depth + 1)) {
             if (depth == 0)
-                qCritical() << "path: " << wholePath;
+                qCCritical(lcFramework) << "path: " << wholePath;
             return false;
         }
         local = inner;
@@ -61,7 +61,7 @@ bool InsertIn(QJsonObject &object, QStringView path, const QString &key, const Q
     const SPathStep step = Split(path);
     QJsonValue local = object[step.head];
     if (!IsJsonValueDefined(local)) {
-        qCritical() << "modify non-existing property" << step.head;
+        qCCritical(lcFramework) << "modify non-existing property" << step.head;
         return false;
     }
     QJsonObject inner = local.toObject();

@@ -1,10 +1,10 @@
 #include "ModelUpdateResult.h"
 
-#include <QDebug>
 #include <QJsonArray>
 #include <QJsonDocument>
 
 #include "JsonPath.h"
+#include "RadbenchLog.h"
 
 namespace {
 
@@ -19,26 +19,26 @@ std::string Compact(const QJsonObject &object)
 
 void InsertModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMessage)
 {
-    qDebug() << "======> InsertModelUpdateResult";
+    qCDebug(lcFramework) << "======> InsertModelUpdateResult";
     if (model.contains(kIntegrity)) {
-        qDebug() << "======> Has defined the modelIntegrity: remove it!";
+        qCDebug(lcFramework) << "======> Has defined the modelIntegrity: remove it!";
         model.remove(kIntegrity);
     }
     const QJsonArray messages{errorMessage};
-    qDebug() << "======> InsertModelUpdateResult allCorrect: " << allCorrect << "errorMes: " << messages;
+    qCDebug(lcFramework) << "======> InsertModelUpdateResult allCorrect: " << allCorrect << "errorMes: " << messages;
     model.insert(kIntegrity, QJsonObject{{"integrity", allCorrect}, {"messageList", messages}});
 }
 
 void AddModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMessage)
 {
-    qDebug() << "AddModelUpdateResult";
+    qCDebug(lcFramework) << "AddModelUpdateResult";
     if (IsJsonPathMissing(model, kIntegrity)) {
         InsertModelUpdateResult(model, allCorrect, errorMessage);
         return;
     }
     QJsonArray messages = GetJsonValueConst(model, "modelIntegrity.messageList").toArray();
     messages.append(errorMessage);
-    qDebug() << "======> AddModelUpdateResult allCorrect: " << allCorrect << "errorMes: " << messages;
+    qCDebug(lcFramework) << "======> AddModelUpdateResult allCorrect: " << allCorrect << "errorMes: " << messages;
     if (!allCorrect && !SetJsonValue(model, "modelIntegrity.integrity", false))
         return;
     SetJsonValue(model, "modelIntegrity.messageList", messages);

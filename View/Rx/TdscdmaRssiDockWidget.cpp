@@ -1,9 +1,9 @@
 #include "TdscdmaRssiDockWidget.h"
 
-#include <QDebug>
 #include <QJsonDocument>
 
 #include "PageRegistration.h"
+#include "RadbenchLog.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaRssiDockWidget.h"
 
@@ -31,7 +31,7 @@ void CTdscdmaRssiDockWidget::EnableOperation() { m_ui->m_start->setEnabled(true)
 
 void CTdscdmaRssiDockWidget::on_m_start_clicked()
 {
-    qDebug() << "on_m_start_clicked";
+    qCDebug(lcView) << "on_m_start_clicked";
     m_ui->m_start->setEnabled(false);
     emit Signal_PluginIsBusy(true);
     connect(m_viewController, &CTdscdmaRadbenchCore::Signal_RssiTestDone, this,

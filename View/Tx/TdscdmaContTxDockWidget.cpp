@@ -1,8 +1,7 @@
 #include "TdscdmaContTxDockWidget.h"
 
-#include <QDebug>
-
 #include "PageRegistration.h"
+#include "RadbenchLog.h"
 #include "TdscdmaRadbenchCore.h"
 #include "ui_TdscdmaContTxDockWidget.h"
 
@@ -44,7 +43,7 @@ void CTdscdmaContTxDockWidget::Slot_TriggerStopTest()
 
 void CTdscdmaContTxDockWidget::on_m_start_clicked()
 {
-    qDebug() << "on_m_start_clicked";
+    qCDebug(lcView) << "on_m_start_clicked";
     m_ui->m_start->setEnabled(false);
     emit Signal_PluginIsBusy(true);
     const std::string model = PackageMemberValue();

@@ -137,7 +137,7 @@ QString Describe(QWidget *widget)
 
 QJsonObject Json(const QString &text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
 
-QJsonObject GroupModel(const QJsonObject &members, int groupType, const QJsonObject &groupExtra)
+QJsonObject GroupModel(const QJsonObject &members, int groupType, const QJsonObject &groupExtra, const QString &section)
 {
     QJsonObject group = groupExtra;
     group.insert("groupType", groupType);
@@ -147,5 +147,5 @@ QJsonObject GroupModel(const QJsonObject &members, int groupType, const QJsonObj
     for (auto it = members.begin(); it != members.end(); ++it)
         property.insert(it.key(), it.value());
     group.insert("memberProperty", property);
-    return QJsonObject{{"modelName", "test"}, {"cmdIf", QJsonObject{{"request", QJsonObject{{"group1", group}}}}}};
+    return QJsonObject{{"modelName", "test"}, {"cmdIf", QJsonObject{{section, QJsonObject{{"group1", group}}}}}};
 }

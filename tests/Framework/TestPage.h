@@ -54,7 +54,8 @@ QString Describe(QWidget *widget);
 
 QJsonObject Json(const QString &text);
 
-// A model whose one group, cmdIf.request.group1, is of `groupType` and holds
-// `members` (listed in key order unless `groupExtra` lists them) beside the
-// keys of `groupExtra`.
-QJsonObject GroupModel(const QJsonObject &members, int groupType = 1, const QJsonObject &groupExtra = {});
+// A model whose one group, cmdIf.<section>.group1, is of `groupType` and
+// holds `members` (listed in key order unless `groupExtra` lists them) beside
+// the keys of `groupExtra`.
+QJsonObject GroupModel(const QJsonObject &members, int groupType = 1, const QJsonObject &groupExtra = {},
+                       const QString &section = "request");

@@ -4,203 +4,51 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
+#include "Afc/TdscdmaAfcDockWidget.h"
+#include "BBReg/TdscdmaBBRegDockWidget.h"
+#include "JsonPath.h"
+#include "ModelBinding.h"
 #include "RadbenchResources.h"
+#include "Rx/TdscdmaContRxDockWidget.h"
+#include "Rx/TdscdmaPathlossDockWidget.h"
+#include "Rx/TdscdmaRssiDockWidget.h"
+#include "SimScope.h"
+#include "Tadc/TdscdmaTadcDockWidget.h"
+#include "TdscdmaCore.h"
+#include "TestLog.h"
+#include "Tx/TdscdmaContTxDockWidget.h"
+#include "Tx/TdscdmaDpchTxDockWidget.h"
+#include "Tx/TdscdmaTpcDockWidget.h"
+#include "Tx/TdscdmaTpcDockWidgetV3.h"
 
-// The stored models against rows written out by hand, in the order and
-// notation of the model tables, so that the two can be read side by side.
-// A row may stand for several models, groups and members (separated by
-// blanks, captions by '|'); each of them is checked on its own. A model is
-// named as in ":/Tdscdma<name>.json". Values in JSON fragments are written as
-// they stand in the files: text in quotes, numbers bare.
+// The stored models are well-formed, as they are stored and as they reach a
+// page fitted to a target, and every bound widget of every page names a
+// member of its page's model. A model is named as in ":/Tdscdma<name>.json".
 
 namespace {
 
-struct ModelRow {
-    const char *model, *modelName;
-    const char *interface; // "" for the band table
-    const char *groups;    // section to number of groups
-};
-
-struct GroupRow {
-    const char *models, *group;
-    int groupType;
-    const char *groupName; // nullptr: no groupName
-    const char *memberList;
-    const char *dimension; // the column keys of a type 3 group
-};
-
-struct MemberRow {
-    const char *models, *groups, *members, *captions, *dataType;
-    const char *defaultValue; // JSON
-    const char *space;        // trait keys beside dataType and defaultValue
-    int enable;               // defaultEnableStatus
-    int support;              // defaultSupport
-    const char *relations;    // member keys beside caption, trait and the two above
-};
-
-struct BandRow {
-    const char *band;
-    int uplinkLow, uplinkHigh, downlinkLow, downlinkHigh;
-};
-
-const ModelRow kModels[] = {
-    {"ContTx", "ContTx", "cmdIf", R"({"request": 1, "response": 1})"},
-    {"ContRx", "ContTx", "cmdIf", R"({"request": 1, "response": 1})"},
-    {"DpchTx", "DPCH TX", "cmdIf", R"({"request": 2, "response": 1})"},
-    {"Rssi", "RSSI", "cmdIf", R"({"request": 1, "response": 1})"},
-    {"BBReg", "BBReg", "cmdIf", R"({"request": 2, "response": 1})"},
-    {"Afc", "Afc Control", "cmdIf", R"({"request": 1, "response": 1})"},
-    {"Tadc", "TADC", "cmdIf", R"({"request": 1, "response": 2})"},
-    {"Tpc", "TPC profile", "calDataIf", R"({"config": 1, "data": 8})"},
-    {"TpcV3", "TPC profile", "calDataIf", R"({"config": 1, "data": 9})"},
-    {"Pathloss", "PathLoss", "calDataIf", R"({"config": 1, "data": 2})"},
-    {"PathlossV3", "PathLoss", "calDataIf", R"({"config": 1, "data": 2})"},
-    {"3gpp", "3GPP", "", "{}"},
-};
-
-const GroupRow kGroups[] = {
-    {"ContTx", "cmdIf.request.group1", 1, "Config", R"(["band", "uarfcn"])", "{}"},
-    {"ContTx DpchTx", "cmdIf.response.group1", 1, nullptr, "[]", "{}"},
-    {"DpchTx", "cmdIf.request.group1", 1, "Carrier Config", R"(["band", "afcdac", "wantedPower", "apcData", "uarfcn", "paMode", "fixPower"])", "{}"},
-    {"DpchTx", "cmdIf.request.group2", 3, "TS setting", R"(["direction", "modulation"])", R"({"dimentionCount": 5, "startIndex": 1, "indexStep": 1})"},
-    {"Rssi", "cmdIf.request.group1", 1, "Config", R"(["band", "afcdac", "gain", "uarfcn", "mode", "agcTracking"])", "{}"},
-    {"Rssi", "cmdIf.response.group1", 1, "output", R"(["rssi", "dspPower", "usedGain"])", "{}"},
-    {"BBReg", "cmdIf.request.group1", 1, "RegRead", R"(["regAddr"])", "{}"},
-    {"BBReg", "cmdIf.request.group2", 1, "RegWrite", R"(["regAddr", "regValue"])", "{}"},
-    {"BBReg", "cmdIf.response.group1", 1, "RegRead", R"(["regValue"])", "{}"},
-    {"Afc", "cmdIf.request.group1", 1, "Carrier Config", R"(["band", "afcSelect", "afcdac1", "afcdac2", "afcData", "uarfcn", "paMode", "capId"])", "{}"},
-    {"Afc", "cmdIf.response.group1", 1, "Calibration data", R"(["initAfcdac", "slope", "capId"])", "{}"},
-    {"Tadc", "cmdIf.request.group1", 1, "Temperature ADC Read", R"(["count"])", "{}"},
-    {"Tadc", "cmdIf.response.group1", 1, "Temperature ADC Read", R"(["adc"])", "{}"},
-    {"Tadc", "cmdIf.response.group2", 1, "Temperature ADC Read", R"(["adc0", "adc1", "adc2", "adc3", "adc4", "adc5", "adc6", "adc7"])", "{}"},
-    {"Tpc TpcV3 Pathloss PathlossV3", "calDataIf.config.group1", 1, "Config", R"(["band"])", "{}"},
-    {"Tpc TpcV3", "calDataIf.data.group1", 1, "Default PD compensation", R"(["pdPoint0", "pdPoint1", "pdPoint2"])", "{}"},
-    {"Tpc TpcV3", "calDataIf.data.group2", 1, "Hysteresis", R"(["hysteresisStart0", "hysteresisEnd0", "hysteresisStart1", "hysteresisEnd1"])", "{}"},
-    {"Tpc TpcV3", "calDataIf.data.group3", 1, "MaxPower ", R"(["maxPower", "vgaDac"])", "{}"},
-    {"Tpc", "calDataIf.data.group4", 3, "VGA DAC", R"(["paH", "paM", "paL"])", R"({"dimentionCount": 4, "startIndex": 0, "indexStep": 1})"},
-    {"Tpc", "calDataIf.data.group5", 3, "Power (dBm)", R"(["paH", "paM", "paL"])", R"({"dimentionCount": 4, "startIndex": 0, "indexStep": 1})"},
-    {"Tpc", "calDataIf.data.group6", 3, "VGA compensation by sub-band", R"(["uarfcn", "paH", "paM", "paL"])", R"({"dimentionCount": 15, "startIndex": 0, "indexStep": 1})"},
-    {"Tpc", "calDataIf.data.group7", 3, "PD compensation by sub-band", R"(["comp"])", R"({"dimentionCount": 15, "startIndex": 0, "indexStep": 1})"},
-    {"Tpc", "calDataIf.data.group8", 3, "VGA compensation by temperature", R"(["paH", "paM", "paL"])", R"({"dimentionCount": 8, "startIndex": 0, "indexStep": 1})"},
-    {"TpcV3", "calDataIf.data.group4", 1, "TX Power Setting", R"(["wantedPowerOffset", "paMidPowerOffset"])", "{}"},
-    {"TpcV3", "calDataIf.data.group5", 3, "VGA DAC", R"(["paH", "paM", "paL"])", R"({"dimentionCount": 4, "startIndex": 0, "indexStep": 1})"},
-    {"TpcV3", "calDataIf.data.group6", 3, "Power (dBm)", R"(["paH", "paM", "paL"])", R"({"dimentionCount": 4, "startIndex": 0, "indexStep": 1})"},
-    {"TpcV3", "calDataIf.data.group7", 3, "VGA compensation by sub-band", R"(["uarfcn", "paH", "paM", "paL"])", R"({"dimentionCount": 15, "startIndex": 0, "indexStep": 1})"},
-    {"TpcV3", "calDataIf.data.group8", 3, "PD compensation by sub-band", R"(["comp"])", R"({"dimentionCount": 15, "startIndex": 0, "indexStep": 1})"},
-    {"TpcV3", "calDataIf.data.group9", 3, "VGA compensation by temperature", R"(["paH", "paM", "paL"])", R"({"dimentionCount": 8, "startIndex": 0, "indexStep": 1})"},
-    {"Pathloss", "calDataIf.data.group1", 3, "RX Main", R"(["uarfcn", "loss0", "loss1", "loss2", "loss3"])", R"({"dimentionCount": 15, "startIndex": 0, "indexStep": 1})"},
-    {"Pathloss", "calDataIf.data.group2", 3, "temperature", R"(["loss0", "loss1", "loss2", "loss3"])", R"({"dimentionCount": 8, "startIndex": 0, "indexStep": 1})"},
-    {"PathlossV3", "calDataIf.data.group1", 3, "RX Main", R"(["uarfcn", "loss0", "loss1", "loss2", "loss3", "loss4", "loss5", "loss6", "loss7"])", R"({"dimentionCount": 15, "startIndex": 0, "indexStep": 1})"},
-    {"PathlossV3", "calDataIf.data.group2", 3, "temperature", R"(["loss0", "loss1", "loss2", "loss3", "loss4", "loss5", "loss6", "loss7"])", R"({"dimentionCount": 8, "startIndex": 0, "indexStep": 1})"},
-};
-
-const MemberRow kMembers[] = {
-    {"ContTx DpchTx Rssi Afc", "cmdIf.request.group1", "band", "Band", "list", R"j("1900-1920MHz(a)")j", R"j({"value": ["1900-1920MHz(a)", "2010-2025MHz(a)"]})j", 1, 1, R"({"publishValueList": ["request.group1.memberProperty.uarfcn"]})"},
-    {"ContTx DpchTx Rssi Afc", "cmdIf.request.group1", "uarfcn", "UARFCN", "range", R"("9550")", R"j({"valuePair": {"1900-1920MHz(a)": {"min": 9504, "max": 9596}}})j", 1, 1, R"({"subscribeValue": "request.group1.memberProperty.band"})"},
-    {"DpchTx Rssi", "cmdIf.request.group1", "afcdac", "AFC DAC", "range", R"("4096")", R"({"value": {"min": 0, "max": 8191}})", 1, 1, "{}"},
-    {"DpchTx", "cmdIf.request.group1", "wantedPower", "Wanted Power(dBm)", "range", R"("24")", R"({"value": {"min": -128, "max": 127}})", 1, 1, "{}"},
-    {"DpchTx Afc", "cmdIf.request.group1", "paMode", "PA Mode", "list", R"("High")", R"({"value": ["High", "Mid", "Low"]})", 1, 1, "{}"},
-    {"DpchTx", "cmdIf.request.group1", "apcData", "AFC data", "range", R"("12")", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"DpchTx", "cmdIf.request.group1", "fixPower", "Fix Power", "boolean", R"("false")", R"({"value": ["true", "false"]})", 1, 1, "{}"},
-    {"DpchTx", "cmdIf.request.group2", "direction", "Direction", "list", R"(["UL", "DL", "DL", "DL", "DL"])", R"({"value": ["DL", "UL"]})", 1, 1, "{}"},
-    {"DpchTx", "cmdIf.request.group2", "modulation", "Modulation", "list", R"(["QPSK", "QPSK", "QPSK", "QPSK", "QPSK"])", R"({"value": ["QPSK", "16QAM"]})", 1, 1, "{}"},
-    {"Rssi", "cmdIf.request.group1", "gain", "Wanted Power(dBm)", "range", R"("60")", R"({"value": {"min": 0, "max": 255}})", 1, 1, "{}"},
-    {"Rssi", "cmdIf.request.group1", "mode", "Mode", "list", R"("High")", R"({"value": ["High", "Mid", "Low"]})", 1, 1, "{}"},
-    {"Rssi", "cmdIf.request.group1", "agcTracking", "AGC Tracking", "boolean", R"("false")", R"({"value": ["true", "false"]})", 1, 1, "{}"},
-    {"Rssi", "cmdIf.response.group1", "rssi dspPower usedGain", "RSSI|DSP Power|USED Gain", "label", R"("")", "{}", 1, 1, "{}"},
-    {"BBReg", "cmdIf.request.group1", "regAddr", "Register Address", "range", R"("16")", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"BBReg", "cmdIf.request.group2", "regAddr regValue", "Register Address|Register Value", "range", R"("16")", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"BBReg", "cmdIf.response.group1", "regValue", "Register Value", "label", R"("N/A")", "{}", 1, 1, "{}"},
-    {"Afc", "cmdIf.request.group1", "afcSelect", "AFC Select", "list", R"("AFC1")", R"({"value": ["AFC1", "AFC2"]})", 1, 1, R"({"publishEnableStatusList": ["request.group1.memberProperty.afcdac1", "request.group1.memberProperty.afcdac2"]})"},
-    {"Afc", "cmdIf.request.group1", "afcdac1", "DAC1", "range", R"("4096")", R"({"value": {"min": 0, "max": 8191}, "enableStatusPair": {"AFC1": 1, "AFC2": 0}})", 1, 1, "{}"},
-    {"Afc", "cmdIf.request.group1", "afcdac2", "DAC2", "range", R"("5000")", R"({"value": {"min": 0, "max": 8191}, "enableStatusPair": {"AFC1": 0, "AFC2": 1}})", 0, 1, "{}"},
-    {"Afc", "cmdIf.request.group1 cmdIf.response.group1", "capId", "CAP ID", "range", R"("0")", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"Afc", "cmdIf.request.group1", "afcData", "AFC data", "range", R"("12")", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"Afc", "cmdIf.response.group1", "initAfcdac", "Init AFC Dac", "range", R"("2200")", R"({"value": {"min": 0, "max": 8191}})", 1, 1, "{}"},
-    {"Afc", "cmdIf.response.group1", "slope", "Slope", "pointRange", R"("5")", R"({"value": {"min": 0.062501, "max": 2147483647}})", 1, 1, "{}"},
-    {"Tadc", "cmdIf.request.group1", "count", "Measure Count", "range", R"("16")", R"({"value": {"min": 1, "max": 65535, "displayBase": 16}})", 1, 1, "{}"},
-    {"Tadc", "cmdIf.response.group1", "adc", "ADC", "label", R"("N/A")", "{}", 1, 1, "{}"},
-    {"Tadc", "cmdIf.response.group2", "adc0 adc1 adc2 adc3 adc4 adc5 adc6 adc7", "ADC0|ADC1|ADC2|ADC3|ADC4|ADC5|ADC6|ADC7", "range", R"("0")", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"Tpc", "calDataIf.config.group1", "band", "Band", "list", R"("1850-1930MHz")", R"({"value": ["1850-1930MHz"]})", 1, 1, R"({"publishValueList": ["data.group6.memberProperty.uarfcn"], "publishEnableStatusList": ["data.group3.memberProperty.maxPower", "data.group3.memberProperty.vgaDac"]})"},
-    {"Tpc TpcV3", "calDataIf.data.group1", "pdPoint0 pdPoint1 pdPoint2", "Point_0 (dB)|Point_1 (dB)|Point_2 (dB)", "pointRange", R"("0")", R"({"value": {"min": -1024, "max": 1023.96875}})", 1, 1, "{}"},
-    {"Tpc TpcV3", "calDataIf.data.group2", "hysteresisStart0 hysteresisEnd0 hysteresisStart1 hysteresisEnd1", "Start0|End0|Start0|End0", "range", R"("0")", R"({"value": {"min": 0, "max": 100}})", 1, 1, "{}"},
-    {"Tpc", "calDataIf.data.group3", "maxPower", "Max Power (dBm)", "pointRange", R"("0")", R"({"value": {"min": -1024, "max": 1023}, "enableStatusPair": {"1": 0}})", 1, 1, R"({"subscribeEnableStatus": "config.group1.memberProperty.band"})"},
-    {"Tpc", "calDataIf.data.group3", "vgaDac", "VGA DAC", "pointRange", R"("0")", R"({"value": {"min": 0, "max": 2047.96875}, "enableStatusPair": {"1": 0}})", 1, 1, R"({"subscribeEnableStatus": "config.group1.memberProperty.band"})"},
-    {"Tpc", "calDataIf.data.group4", "paH paM paL", "PA_H|PA_M|PA_L", "range", R"(["0"])", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"Tpc", "calDataIf.data.group5", "paH paM paL", "PA_H|PA_M|PA_L", "pointRange", R"(["0"])", R"({"value": {"min": -60, "max": 25}})", 1, 1, "{}"},
-    {"Tpc", "calDataIf.data.group6 calDataIf.data.group8", "paH paM paL", "PA_H (dB)|PA_M (dB)|PA_L (dB)", "pointRange", R"(["0"])", R"({"value": {"min": -8, "max": 7.96875}})", 1, 1, "{}"},
-    {"Tpc", "calDataIf.data.group6", "uarfcn", "UARFCN", "range", R"(["0"])", R"j({"valuePair": {"1900-1920MHz(a)": {"min": 9504, "max": 9596}}})j", 1, 1, R"({"subscribeValue": "config.group1.memberProperty.band"})"},
-    {"Tpc", "calDataIf.data.group7", "comp", "Comp. (dB)", "pointRange", R"(["0"])", R"({"value": {"min": 0, "max": 50.0}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.config.group1", "band", "Band", "list", R"("1850-1930MHz")", R"({"value": ["1850-1930MHz"]})", 1, 1, R"({"publishValueList": ["data.group7.memberProperty.uarfcn"]})"},
-    {"TpcV3", "calDataIf.data.group3", "maxPower", "Max Power (dBm)", "pointRange", R"("0")", R"({"value": {"min": -1024, "max": 1023}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.data.group3", "vgaDac", "VGA DAC", "pointRange", R"("0")", R"({"value": {"min": 0, "max": 2047}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.data.group4", "wantedPowerOffset paMidPowerOffset", "Wanted Power Offset|PA Middle Power Offset", "pointRange", R"("0")", R"({"value": {"min": -1024, "max": 1023}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.data.group5", "paH paM paL", "PA_H|PA_M|PA_L", "range", R"(["0"])", R"({"value": {"min": 0, "max": 65535}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.data.group6", "paH paM paL", "PA_H|PA_M|PA_L", "pointRange", R"(["0"])", R"({"value": {"min": -60, "max": 25}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.data.group7 calDataIf.data.group9", "paH paM paL", "PA_H (dB)|PA_M (dB)|PA_L (dB)", "pointRange", R"(["0"])", R"({"value": {"min": -8, "max": 7.96875}})", 1, 1, "{}"},
-    {"TpcV3", "calDataIf.data.group7", "uarfcn", "UARFCN", "range", R"(["0"])", R"j({"valuePair": {"1900-1920MHz(a)": {"min": 9504, "max": 9596}}})j", 1, 1, R"({"subscribeValue": "config.group1.memberProperty.band"})"},
-    {"TpcV3", "calDataIf.data.group8", "comp", "Comp. (dB)", "pointRange", R"(["0"])", R"({"value": {"min": 0, "max": 50.0}})", 1, 1, "{}"},
-    {"Pathloss PathlossV3", "calDataIf.config.group1", "band", "Band", "list", R"("1850-1930MHz")", R"({"value": ["1850-1930MHz"]})", 1, 1, R"({"publishValueList": ["data.group1.memberProperty.uarfcn"]})"},
-    {"Pathloss PathlossV3", "calDataIf.data.group1", "uarfcn", "UARFCN", "range", R"(["0"])", R"j({"valuePair": {"1900-1920MHz(a)": {"min": 9504, "max": 9596}}})j", 1, 1, R"({"subscribeValue": "config.group1.memberProperty.band"})"},
-    {"Pathloss", "calDataIf.data.group1 calDataIf.data.group2", "loss0 loss1 loss2", "LNA_H_LOSS|LNA_M_LOSS|LNA_L_LOSS", "pointRange", R"(["0"])", R"({"value": {"min": -32, "max": 31.75, "decimals": 3}})", 1, 1, "{}"},
-    {"Pathloss", "calDataIf.data.group1 calDataIf.data.group2", "loss3", "LNA_EXT_LOSS", "pointRange", R"(["0"])", R"({"value": {"min": -32, "max": 31.75, "decimals": 3}})", 1, 0, "{}"},
-    {"PathlossV3", "calDataIf.data.group1 calDataIf.data.group2", "loss0 loss1 loss2 loss4 loss5 loss6", "LNA_H_LOSS|LNA_M_LOSS|LNA_L_LOSS|LNA_EXT0_LOSS|LNA_EXT1_LOSS|LNA_EXT2_LOSS", "pointRange", R"(["0"])", R"({"value": {"min": -32, "max": 31.75, "decimals": 3}})", 1, 1, "{}"},
-    {"PathlossV3", "calDataIf.data.group1 calDataIf.data.group2", "loss3 loss7", "LNA_EXT_LOSS|LNA_EXT3_LOSS", "pointRange", R"(["0"])", R"({"value": {"min": -32, "max": 31.75, "decimals": 3}})", 1, 0, "{}"},
-};
-
-const BandRow kBands[] = {
-    {"1900-1920MHz(a)", 9500, 9600, 9500, 9600},
-    {"2010-2025MHz(a)", 10050, 10125, 10050, 10125},
-    {"1850-1910MHz(b)", 9250, 9550, 9250, 9550},
-    {"1930-1990MHz(b)", 9650, 9950, 9650, 9950},
-    {"1910-1930MHz(c)", 9550, 9650, 9550, 9650},
-    {"2570-2620MHz(d)", 12850, 13100, 12850, 13100},
-    {"1880-1920MHz(f)", 9400, 9600, 9400, 9600},
-    {"2300-2400MHz(e)", 11500, 12000, 11500, 12000},
-    {"1850-1930MHz", 9250, 9650, 9250, 9650},
-    {"2010-2025MHz", 10050, 10125, 10050, 10125},
-    {"1930-1990MHz", 9650, 9950, 9650, 9950},
-    {"2570-2620MHz", 12850, 13100, 12850, 13100},
-    {"2300-2400MHz", 11500, 12000, 11500, 12000},
-};
-
-// A JSON fragment of the rows above; a row that is no valid JSON stops the test.
-QJsonValue Json(const QString &text)
+QJsonObject Stored(const QString &name)
 {
-    QJsonParseError error;
-    const QJsonDocument doc = QJsonDocument::fromJson("[" + text.toUtf8() + "]", &error);
-    if (error.error != QJsonParseError::NoError || doc.array().size() != 1)
-        qFatal("Bad JSON in a test row: %s", qPrintable(text));
-    return doc.array().at(0);
+    QFile file(":/Tdscdma" + name + ".json");
+    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
-QString Text(const QJsonValue &value)
+QJsonObject Fitted(const QString &profile, const QString &page)
 {
-    return QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact)).mid(1).chopped(1);
+    TavoSim::LoadProfile(profile);
+    TavoSim::LoadDatabase();
+    CTdscdmaCore::GetInstance()->ResetCapability();
+    return QJsonDocument::fromJson(QByteArray::fromStdString(CTdscdmaCore::GetInstance()->GetDataModel(page))).object();
 }
 
-QByteArray ReadModel(const QString &model)
+QStringList Texts(const QJsonValue &value)
 {
-    QFile file(":/Tdscdma" + model + ".json");
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// The parsed document of a model; an empty object when it can't be read.
-QJsonObject Model(const QString &model)
-{
-    static QHash<QString, QJsonObject> cache;
-    if (!cache.contains(model))
-        cache.insert(model, QJsonDocument::fromJson(ReadModel(model)).object());
-    return cache.value(model);
-}
-
-QJsonValue At(const QJsonObject &object, const QString &path)
-{
-    QJsonValue value = object;
-    for (const QString &key : path.split('.'))
-        value = value.toObject().value(key);
-    return value;
+    QStringList texts;
+    for (const QJsonValue &entry : value.toArray())
+        texts << (entry.isString() ? entry.toString() : "<not text>");
+    return texts;
 }
 
 QStringList Sorted(QStringList list)
@@ -209,201 +57,374 @@ QStringList Sorted(QStringList list)
     return list;
 }
 
-QStringList Keys(const QJsonObject &object) { return Sorted(object.keys()); }
+bool IsInteger(const QJsonValue &value) { return value.isDouble() && value.toDouble() == qint64(value.toDouble()); }
 
-// Every model, group and member a member row stands for, with its caption
-// and the row's index.
-struct Member {
-    QString model, group, member, caption;
-    int row;
+// Everything wrong with one model, one line each. A fitted model is also held
+// to what fitting writes: the valuePair and enableStatusPair keys of a
+// supported member are exactly the values of the member it follows (the
+// stored models hold placeholders there).
+class ModelCheck {
+public:
+    QStringList problems;
+
+    ModelCheck(const QJsonObject &model, bool fitted)
+        : m_model(model), m_fitted(fitted), m_interface(model.contains("cmdIf") ? "cmdIf" : "calDataIf")
+    {
+        Only("model", model, {"modelName", "modelVersion", m_interface});
+        if (model.value("modelName").toString().isEmpty() || model.value("modelVersion") != QJsonValue(1))
+            Fail("model", "needs a modelName and modelVersion 1");
+        const QJsonObject sections = model.value(m_interface).toObject();
+        const QStringList names =
+            m_interface == "cmdIf" ? QStringList{"request", "response"} : QStringList{"config", "data"};
+        if (Sorted(sections.keys()) != names)
+            Fail(m_interface, "has the sections " + sections.keys().join(','));
+        for (const QString &section : names) {
+            const QJsonObject groups = sections.value(section).toObject();
+            for (int n = 1; n <= groups.size(); ++n) {
+                const QString path = QString("%1.%2.group%3").arg(m_interface, section).arg(n);
+                if (!groups.contains(path.section('.', 2)))
+                    Fail(path, "is missing: groups are counted from 1");
+                else
+                    Group(path, groups.value(path.section('.', 2)).toObject());
+            }
+        }
+    }
+
+private:
+    void Fail(const QString &where, const QString &what) { problems << where + ": " + what; }
+    void Only(const QString &path, const QJsonObject &object, const QStringList &keys)
+    {
+        for (const QString &key : object.keys()) {
+            if (!keys.contains(key))
+                Fail(path, key + " is no key here");
+        }
+    }
+    QJsonObject MemberAt(const QString &shortPath) const
+    {
+        return GetJsonValueConst(m_model, m_interface + "." + shortPath).toObject();
+    }
+    QString ShortPath(const QString &path) const { return path.mid(m_interface.size() + 1); }
+    // What a publisher's widget can show: the keys its subscribers look up.
+    static QStringList ValuesOf(const QJsonObject &member)
+    {
+        const QJsonObject trait = member.value("trait").toObject();
+        return trait.value("dataType") == QJsonValue("boolean") ? QStringList{"false", "true"}
+                                                                 : Sorted(Texts(trait.value("value")));
+    }
+
+    void Group(const QString &path, const QJsonObject &group)
+    {
+        const int type = group.value("groupType").toInt(0);
+        if (type != 1 && type != 3)
+            Fail(path, "groupType is neither 1 nor 3");
+        const QStringList members = Texts(group.value("memberList"));
+        const QJsonObject property = group.value("memberProperty").toObject();
+        QStringList keys = members;
+        const int columns = property.value("dimentionCount").toInt(0);
+        if (type == 3) {
+            keys << "dimentionCount" << "startIndex" << "indexStep" << "colFieldCaptionList";
+            if (!IsInteger(property.value("dimentionCount")) || columns < 1 || columns > 15)
+                Fail(path, "dimentionCount is no number of columns from 1 to 15");
+            if (property.contains("colFieldCaptionList")
+                    ? Texts(property.value("colFieldCaptionList")).size() != columns
+                    : !IsInteger(property.value("startIndex")) || !IsInteger(property.value("indexStep")))
+                Fail(path, "the column headers are not given");
+        }
+        Only(path + ".memberProperty", property, keys);
+        for (const QString &member : members) {
+            if (member.contains('_') || member.contains('.') || !property.value(member).isObject() ||
+                members.count(member) > 1)
+                Fail(path, member + " of memberList is no member of memberProperty a widget can be named after");
+            else
+                Member(path + ".memberProperty." + member, property.value(member).toObject(), type, columns);
+        }
+    }
+
+    void Member(const QString &path, const QJsonObject &member, int groupType, int columns)
+    {
+        if (member.value("caption").toString().isEmpty())
+            Fail(path, "has no caption");
+        for (const char *flag : {"defaultSupport", "defaultEnableStatus"}) {
+            if (member.value(flag) != QJsonValue(0) && member.value(flag) != QJsonValue(1))
+                Fail(path, QString(flag) + " is neither 0 nor 1");
+        }
+        const bool supported = member.value("defaultSupport") == QJsonValue(1);
+        const QJsonObject trait = member.value("trait").toObject();
+        const QString dataType = trait.value("dataType").toString();
+        const QStringList served = groupType == 3 ? QStringList{"list", "range", "pointRange", "unsignedRange", "label"}
+                                                  : QStringList{"list", "range", "pointRange", "label", "boolean"};
+        if (!served.contains(dataType))
+            Fail(path, QString("a group of type %1 has no widget for \"%2\"").arg(groupType).arg(dataType));
+
+        // One text, or in a table one per column, or fewer that the last fills
+        // up; a column of combo boxes needs one for each.
+        const QJsonValue value = trait.value("defaultValue");
+        const QStringList defaults = groupType == 3 ? Texts(value) : QStringList{value.toString("<not text>")};
+        if (defaults.contains("<not text>") || defaults.isEmpty() ||
+            (groupType == 3 && (defaults.size() > columns || (dataType == "list" && defaults.size() != columns))))
+            Fail(path, "defaultValue does not fit the widget");
+
+        if (member.contains("subscribeValue")) {
+            const QJsonObject publisher = MemberAt(member.value("subscribeValue").toString());
+            if (!Texts(publisher.value("publishValueList")).contains(ShortPath(path)))
+                Fail(path, "subscribes to a member that does not publish to it");
+            const QJsonObject pairs = trait.value("valuePair").toObject();
+            if (pairs.isEmpty() || (m_fitted && supported && Sorted(pairs.keys()) != ValuesOf(publisher)))
+                Fail(path, "valuePair keys " + pairs.keys().join(',') + " are not the publisher's values");
+            const QString key = publisher.value("trait").toObject().value("defaultValue").toString();
+            for (auto pair = pairs.begin(); pair != pairs.end(); ++pair)
+                Space(path + ".trait.valuePair." + pair.key(), dataType, pair.value(), defaults, pair.key() == key);
+        } else if (dataType != "label") {
+            Space(path + ".trait.value", dataType, trait.value("value"), defaults, true);
+        }
+
+        for (const QString &subscriber : Texts(member.value("publishValueList"))) {
+            if (dataType != "list" && dataType != "boolean")
+                Fail(path, "a \"" + dataType + "\" widget publishes no value");
+            if (MemberAt(subscriber).value("subscribeValue").toString() != ShortPath(path))
+                Fail(path, "publishes to " + subscriber + ", which is no member that subscribes to it");
+        }
+        for (const QString &subscriber : Texts(member.value("publishEnableStatusList"))) {
+            const QJsonObject other = MemberAt(subscriber);
+            const QJsonObject pairs = other.value("trait").toObject().value("enableStatusPair").toObject();
+            bool numbers = true;
+            for (const QJsonValue &enabled : pairs)
+                numbers = numbers && enabled.isDouble();
+            if (!numbers || pairs.isEmpty() ||
+                (m_fitted && other.value("defaultSupport") == QJsonValue(1) &&
+                 Sorted(pairs.keys()) != ValuesOf(member)))
+                Fail(subscriber, "enableStatusPair keys " + pairs.keys().join(',') + " are not the publisher's values");
+        }
+        const QString statusPublisher = member.value("subscribeEnableStatus").toString();
+        if (!statusPublisher.isEmpty() &&
+            !Texts(MemberAt(statusPublisher).value("publishEnableStatusList")).contains(ShortPath(path)))
+            Fail(path, "subscribeEnableStatus names a member that does not publish to it");
+    }
+
+    // A value space of `dataType`; `defaults` lie in it if `holdsDefaults`.
+    void Space(const QString &path, const QString &dataType, const QJsonValue &space, const QStringList &defaults,
+               bool holdsDefaults)
+    {
+        if (path.section(".valuePair.", 1).contains('.'))
+            Fail(path, "a key with a \".\" is never found");
+        if (dataType == "label") {
+            if (!space.isString())
+                Fail(path, "is no text to show");
+            return;
+        }
+        if (dataType == "list" || dataType == "boolean") {
+            const QStringList items = Texts(space);
+            if (items.isEmpty() || items.contains("<not text>") || QStringList(items).removeDuplicates() > 0 ||
+                (dataType == "boolean" && items != QStringList{"true", "false"}))
+                Fail(path, "is no list of distinct texts");
+            for (const QString &value : defaults) {
+                if (holdsDefaults && !items.contains(value))
+                    Fail(path, "lacks the default " + value);
+            }
+            return;
+        }
+        const QJsonObject range = space.toObject();
+        const bool isUnsigned = dataType == "unsignedRange", isInt = dataType == "range";
+        const QJsonValue minValue = range.value("min"), maxValue = range.value("max");
+        bool ok = isInt ? IsInteger(minValue) && IsInteger(maxValue) : minValue.isDouble() && maxValue.isDouble();
+        double min = minValue.toDouble(), max = maxValue.toDouble();
+        if (isUnsigned) { // decimal digits in text
+            bool minOk = false, maxOk = false;
+            min = minValue.toString().toUInt(&minOk, 10);
+            max = maxValue.toString().toUInt(&maxOk, 10);
+            ok = minOk && maxOk;
+        }
+        if (!ok || min > max)
+            Fail(path, "has no min and max with min <= max");
+        const QJsonValue base = range.value("displayBase");
+        if (range.contains("displayBase") && (!IsInteger(base) || base.toInt() < 2 || base.toInt() > 36))
+            Fail(path, "displayBase is no number base");
+        const QStringList allowed = range.value("rangeCheck").toString().split(',');
+        for (const QString &value : defaults) {
+            ok = false;
+            const double n = isUnsigned ? value.toUInt(&ok, 10) : isInt ? value.toInt(&ok, 10) : value.toDouble(&ok);
+            if (!ok)
+                Fail(path, "the default " + value + " is no number of its kind");
+            else if (holdsDefaults && (n < min || n > max) && !allowed.contains(value))
+                Fail(path, "the default " + value + " lies outside");
+        }
+    }
+
+    QJsonObject m_model;
+    bool m_fitted;
+    QString m_interface;
 };
 
-QVector<Member> Members()
-{
-    QVector<Member> members;
-    for (int row = 0; row < int(std::size(kMembers)); ++row) {
-        const MemberRow &r = kMembers[row];
-        const QStringList names = QString(r.members).split(' '), captions = QString(r.captions).split('|');
-        if (names.size() != captions.size())
-            qFatal("Members and captions do not pair up in the row of %s", r.members);
-        for (const QString &model : QString(r.models).split(' '))
-            for (const QString &group : QString(r.groups).split(' '))
-                for (int i = 0; i < names.size(); ++i)
-                    members.append({model, group, names[i], captions[i], row});
-    }
-    return members;
-}
+QStringList Problems(const QJsonObject &model, bool fitted) { return ModelCheck(model, fitted).problems; }
+
+// The pages, with the stored models they may be given.
+const QPair<const QMetaObject *, const char *> kPages[] = {
+    {&CTdscdmaContTxDockWidget::staticMetaObject, "ContTx"}, {&CTdscdmaContRxDockWidget::staticMetaObject, "ContRx"},
+    {&CTdscdmaDpchTxDockWidget::staticMetaObject, "DpchTx"}, {&CTdscdmaRssiDockWidget::staticMetaObject, "Rssi"},
+    {&CTdscdmaBBRegDockWidget::staticMetaObject, "BBReg"},   {&CTdscdmaAfcDockWidget::staticMetaObject, "Afc"},
+    {&CTdscdmaTadcDockWidget::staticMetaObject, "Tadc"},     {&CTdscdmaTpcDockWidget::staticMetaObject, "Tpc"},
+    {&CTdscdmaTpcDockWidgetV3::staticMetaObject, "TpcV3"},
+    {&CTdscdmaPathlossDockWidget::staticMetaObject, "Pathloss PathlossV3"}};
 
 } // namespace
 
 class TestStoredModels : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase() { InitRadbenchResources(); }
-
-    void models_data()
+    void initTestCase()
     {
-        QTest::addColumn<int>("row");
-        for (int row = 0; row < int(std::size(kModels)); ++row)
-            QTest::newRow(kModels[row].model) << row;
+        InitRadbenchResources();
+        TestLog::MuteOffscreenPlatformNotes();
     }
-    void models()
-    {
-        QFETCH(int, row);
-        const ModelRow &expected = kModels[row];
-        const QJsonObject model = Model(expected.model);
-        QVERIFY2(!model.isEmpty(), "resource missing, empty or no JSON object");
+    void cleanupTestCase() { TavoSim::Reset(); }
 
-        QCOMPARE(Text(model.value("modelName")), Text(QJsonValue(expected.modelName)));
-        QCOMPARE(Text(model.value("modelVersion")), Text(QJsonValue(1)));
-        const QString interface = expected.interface;
-        if (interface.isEmpty()) {
-            QCOMPARE(Keys(model), Sorted({"modelName", "modelVersion", "releaseVersion", "operatingBand"}));
-            QCOMPARE(Text(model.value("releaseVersion")), Text(QJsonValue("14.3.0")));
-            QStringList bands;
-            for (const BandRow &band : kBands)
-                bands << band.band;
-            QCOMPARE(Keys(model.value("operatingBand").toObject()), Sorted(bands));
-            return;
-        }
-        // One interface; no integrity block or substitute marker in a stored model.
-        QCOMPARE(Keys(model), Sorted({"modelName", "modelVersion", interface}));
-
-        const QJsonObject groups = Json(expected.groups).toObject();
-        const QJsonObject sections = model.value(interface).toObject();
-        QCOMPARE(Keys(sections), Keys(groups));
-        for (const QString &section : groups.keys()) {
-            QStringList names;
-            for (int n = 1; n <= groups.value(section).toInt(); ++n)
-                names << QString("group%1").arg(n);
-            QCOMPARE(Keys(sections.value(section).toObject()), Sorted(names));
-        }
-    }
-
-    void groups_data()
+    void storedModelsAreWellFormed_data()
     {
         QTest::addColumn<QString>("model");
-        QTest::addColumn<int>("row");
-        for (int row = 0; row < int(std::size(kGroups)); ++row)
-            for (const QString &model : QString(kGroups[row].models).split(' '))
-                QTest::addRow("%s %s", qPrintable(model), kGroups[row].group) << model << row;
+        QTest::addColumn<QString>("modelName");
+        for (const char *row : {"ContTx:ContTx", "ContRx:ContTx", "DpchTx:DPCH TX", "Rssi:RSSI", "BBReg:BBReg",
+                                "Afc:Afc Control", "Tadc:TADC", "Tpc:TPC profile", "TpcV3:TPC profile",
+                                "Pathloss:PathLoss", "PathlossV3:PathLoss"})
+            QTest::newRow(row) << QString(row).section(':', 0, 0) << QString(row).section(':', 1);
     }
-    void groups()
+    void storedModelsAreWellFormed()
     {
         QFETCH(QString, model);
-        QFETCH(int, row);
-        const GroupRow &expected = kGroups[row];
-
-        const QJsonObject object = At(Model(model), expected.group).toObject();
-        QStringList keys{"groupType", "memberList", "memberProperty"};
-        if (expected.groupName)
-            keys << "groupName";
-        QCOMPARE(Keys(object), Sorted(keys));
-        QCOMPARE(Text(object.value("groupType")), Text(QJsonValue(expected.groupType)));
-        if (expected.groupName)
-            QCOMPARE(Text(object.value("groupName")), Text(QJsonValue(expected.groupName)));
-        QCOMPARE(Text(object.value("memberList")), Text(Json(expected.memberList)));
-
-        // memberProperty: exactly the listed members, and in a table group the
-        // keys of its columns; every member has a row.
-        const QJsonObject properties = object.value("memberProperty").toObject();
-        const QJsonObject columns = Json(expected.dimension).toObject();
-        QStringList members;
-        for (const QJsonValue &member : Json(expected.memberList).toArray())
-            members << member.toString();
-        QCOMPARE(Keys(properties), Sorted(members + columns.keys()));
-        for (const QString &key : columns.keys())
-            QCOMPARE(Text(properties.value(key)), Text(columns.value(key)));
-        QStringList withRow;
-        for (const Member &member : Members()) {
-            if (member.model == model && member.group == expected.group)
-                withRow << member.member;
-        }
-        QCOMPARE(Sorted(withRow), Sorted(members));
+        const QJsonObject stored = Stored(model);
+        QVERIFY2(!stored.isEmpty(), "resource missing, empty or no JSON object");
+        QTEST(stored.value("modelName").toString(), "modelName");
+        QCOMPARE(Problems(stored, false), QStringList());
     }
 
-    void members_data()
+    void fittedModelsAreWellFormed_data()
     {
-        QTest::addColumn<QString>("model");
-        QTest::addColumn<QString>("group");
-        QTest::addColumn<QString>("member");
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<int>("row");
-        for (const Member &m : Members())
-            QTest::addRow("%s %s.%s", qPrintable(m.model), qPrintable(m.group), qPrintable(m.member))
-                << m.model << m.group << m.member << m.caption << m.row;
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("page");
+        // The first target has the V3 models, the second the others.
+        for (const char *profile : {"default", "legacy-v1"}) {
+            for (const char *page : {"AFC Control", "Continuous TX", "Tpc", "Rx Pathloss", "Temperature ADC",
+                                     "Continuous RX", "Dpch TX", "Rssi", "Baseband Register"})
+                QTest::addRow("%s, %s", profile, page) << profile << page;
+        }
     }
-    void members()
+    void fittedModelsAreWellFormed()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, page);
+        QCOMPARE(Problems(Fitted(profile, page), true), QStringList());
+    }
+
+    // The check finds what it is there for.
+    void checkFindsFaults_data()
+    {
+        QTest::addColumn<QString>("model"); // stored, or "profile/page" fitted
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("value"); // JSON
+        QTest::addColumn<QString>("problem");
+        const QString request = "cmdIf.request.group1.memberProperty.";
+        QTest::newRow("list default not an item")
+            << "Rssi" << request + "mode.trait.defaultValue" << R"("Ext9")" << "lacks the default Ext9";
+        QTest::newRow("range default outside")
+            << "BBReg" << request + "regAddr.trait.defaultValue" << R"("65536")" << "lies outside";
+        QTest::newRow("min above max")
+            << "Afc" << request + "capId.trait.value" << R"({"min":9,"max":1})" << "min <= max";
+        QTest::newRow("publish to nothing") << "ContTx" << request + "band.publishValueList"
+                                            << R"(["request.group1.memberProperty.x"])" << "publishes to";
+        QTest::newRow("subscribe to another") << "ContTx" << request + "uarfcn.subscribeValue"
+                                              << R"("request.group1.memberProperty.uarfcn")" << "subscribes to a";
+        QTest::newRow("member without property") << "DpchTx" << "cmdIf.request.group2.memberList"
+                                                 << R"(["direction","modulation","x"])" << "x of memberList";
+        QTest::newRow("combo box column without value")
+            << "DpchTx" << "cmdIf.request.group2.memberProperty.direction.trait.defaultValue" << R"(["UL"])"
+            << "does not fit";
+        QTest::newRow("table too wide") << "Pathloss" << "calDataIf.data.group2.memberProperty.dimentionCount" << "16"
+                                        << "from 1 to 15";
+        QTest::newRow("check box in a table")
+            << "Tpc" << "calDataIf.data.group4.memberProperty.paH.trait.dataType" << R"("boolean")" << "has no widget";
+        QTest::newRow("band without a range") << "default/Continuous TX" << request + "uarfcn.trait.valuePair"
+                                              << R"j({"1900-1920MHz(a)":{"min":1,"max":2}})j" << "valuePair keys";
+        QTest::newRow("selection without a state")
+            << "default/AFC Control" << request + "afcdac2.trait.enableStatusPair" << R"({"AFC1":0})"
+            << "enableStatusPair keys";
+    }
+    void checkFindsFaults()
     {
         QFETCH(QString, model);
-        QFETCH(QString, group);
-        QFETCH(QString, member);
-        QFETCH(QString, caption);
-        QFETCH(int, row);
-        const MemberRow &expected = kMembers[row];
-
-        const QJsonObject groupObject = At(Model(model), group).toObject();
-        QJsonObject actual = groupObject.value("memberProperty").toObject().value(member).toObject();
-        QVERIFY2(!actual.isEmpty(), "member missing");
-
-        QCOMPARE(Text(actual.take("caption")), Text(QJsonValue(caption)));
-        QCOMPARE(Text(actual.take("defaultEnableStatus")), Text(QJsonValue(expected.enable)));
-        QCOMPARE(Text(actual.take("defaultSupport")), Text(QJsonValue(expected.support)));
-
-        QJsonObject trait = Json(expected.space).toObject();
-        trait.insert("dataType", expected.dataType);
-        trait.insert("defaultValue", Json(expected.defaultValue));
-        QCOMPARE(Text(actual.take("trait")), Text(trait));
-        QCOMPARE(Text(actual), Text(Json(expected.relations))); // what is left: the relations
-
-        // Values are text: one per member in a single-field group, one per column
-        // in a table; a combo box column needs an entry of its own.
-        const QJsonValue value = trait.value("defaultValue");
-        if (groupObject.value("groupType").toInt() == 3) {
-            QVERIFY(value.isArray());
-            for (const QJsonValue &entry : value.toArray())
-                QVERIFY(entry.isString());
-            if (QString(expected.dataType) == "list") {
-                const int columns = groupObject.value("memberProperty").toObject().value("dimentionCount").toInt();
-                QCOMPARE(value.toArray().size(), columns);
-            }
-        } else {
-            QVERIFY(value.isString());
-        }
-
-        // Every short path of a relation names a member of the same model.
-        const QJsonObject related = Json(expected.relations).toObject();
-        for (const QString &key : related.keys()) {
-            const QJsonValue paths = related.value(key);
-            for (const QJsonValue &path : paths.isArray() ? paths.toArray() : QJsonArray{paths})
-                QVERIFY2(At(Model(model), group.section('.', 0, 0) + "." + path.toString()).toObject().contains("trait"),
-                         qPrintable(key + " names no member: " + path.toString()));
-        }
+        QFETCH(QString, path);
+        QFETCH(QString, value);
+        QFETCH(QString, problem);
+        const bool fitted = model.contains('/');
+        QJsonObject object = fitted ? Fitted(model.section('/', 0, 0), model.section('/', 1)) : Stored(model);
+        QVERIFY(SetJsonValue(object, path, QJsonDocument::fromJson("[" + value.toUtf8() + "]").array().at(0)));
+        const QStringList problems = Problems(object, fitted);
+        QVERIFY2(problems.filter(problem).size() == 1, qPrintable(problems.join('\n')));
     }
 
     void contRxIsContTxText()
     {
-        const QByteArray contTx = ReadModel("ContTx");
-        QVERIFY(!contTx.isEmpty());
-        QCOMPARE(ReadModel("ContRx"), contTx);
+        QFile contTx(":/TdscdmaContTx.json"), contRx(":/TdscdmaContRx.json");
+        QVERIFY(contTx.open(QIODevice::ReadOnly) && contRx.open(QIODevice::ReadOnly));
+        QCOMPARE(contRx.readAll(), contTx.readAll());
     }
 
-    void bandTable_data()
-    {
-        QTest::addColumn<QString>("band");
-        QTest::addColumn<QString>("ranges");
-        for (const BandRow &row : kBands) {
-            const QJsonObject ranges{{"uplink", QJsonObject{{"low", row.uplinkLow}, {"high", row.uplinkHigh}}},
-                                     {"downlink", QJsonObject{{"low", row.downlinkLow}, {"high", row.downlinkHigh}}}};
-            QTest::newRow(row.band) << row.band << Text(ranges);
-        }
-    }
+    // The rows are the bands a target can be offered (the default target
+    // offers all), and a band's UARFCN range is five times its frequencies in
+    // MHz, the same both ways.
     void bandTable()
     {
-        QFETCH(QString, band);
-        QTEST(Text(Model("3gpp").value("operatingBand").toObject().value(band)), "ranges");
+        const QJsonObject bands = Stored("3gpp").value("operatingBand").toObject();
+        QStringList offered;
+        for (const QString path : {"Continuous TX:cmdIf.request", "Tpc:calDataIf.config"})
+            offered += Texts(GetJsonValueConst(Fitted("default", path.section(':', 0, 0)),
+                                               path.section(':', 1) + ".group1.memberProperty.band.trait.value"));
+        QCOMPARE(Sorted(offered), Sorted(bands.keys()));
+        for (auto band = bands.begin(); band != bands.end(); ++band) {
+            const QRegularExpressionMatch mhz = QRegularExpression("^(\\d+)-(\\d+)MHz").match(band.key());
+            const QJsonObject range{{"low", 5 * mhz.captured(1).toInt()}, {"high", 5 * mhz.captured(2).toInt()}};
+            QCOMPARE(band.value().toObject(), (QJsonObject{{"uplink", range}, {"downlink", range}}));
+        }
+    }
+
+    void pageWidgetsNameMembers_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("model");
+        for (int page = 0; page < int(std::size(kPages)); ++page) {
+            for (const QString &model : QString(kPages[page].second).split(' '))
+                QTest::addRow("%s, %s", kPages[page].first->className(), qPrintable(model)) << page << model;
+        }
+    }
+    // A name that is no path of the model leaves its widget as the form drew
+    // it, and a widget of the wrong class for its member is never set.
+    void pageWidgetsNameMembers()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, model);
+        const QJsonObject object = Stored(model);
+        QScopedPointer<QObject> instance(kPages[page].first->newInstance(Q_ARG(QWidget *, nullptr)));
+        QVERIFY(instance);
+        static const QMap<QString, QString> classes{{"list", "QComboBox"},   {"range", "QSpinBox"},
+                                                    {"label", "QLabel"},     {"pointRange", "QDoubleSpinBox"},
+                                                    {"boolean", "QCheckBox"}};
+        QStringList problems;
+        for (QWidget *widget : instance->findChildren<QWidget *>()) {
+            const QString name = widget->objectName(), path = ModelBinding::PathOf(name);
+            const QString widgetClass = ModelBinding::ClassOf(widget);
+            if (!ModelBinding::IsBoundName(name))
+                continue;
+            QString expected;
+            if (name.contains("caption"))
+                expected = GetJsonValueConst(object, path).isString() ? "QLabel or QGroupBox" : "caption of a member";
+            else if (GetJsonValueConst(object, ModelBinding::GroupOf(path) + ".groupType").toInt() == 3)
+                expected = "QTableWidget";
+            else
+                expected = classes.value(GetJsonValueConst(object, path + ".trait.dataType").toString(), "member");
+            if (!expected.split(" or ").contains(widgetClass))
+                problems << name + ": a " + widgetClass + " where the model wants a " + expected;
+        }
+        QCOMPARE(problems, QStringList());
     }
 };
 
-QTEST_GUILESS_MAIN(TestStoredModels)
+QTEST_MAIN(TestStoredModels)
 #include "tst_StoredModels.moc"

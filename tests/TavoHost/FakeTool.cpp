@@ -1,5 +1,6 @@
 #include "FakeTool.h"
 
+#include <QDebug>
 #include <QLabel>
 #include <QTimer>
 
@@ -52,6 +53,7 @@ SPluginToolLaunchRequirement CFakeTool::QueryLaunchRequirement()
 void CFakeTool::ShowTool()
 {
     Record(QStringLiteral("ShowTool(db=%1)").arg(TavoSim::IsDatabaseLoaded() ? "loaded" : "unloaded"));
+    qDebug("%s", FakeTool::kTraceLine);
     if (!m_window) {
         m_window = new QMainWindow;
         m_window->setWindowTitle(QString::fromLatin1(FakeTool::kName));

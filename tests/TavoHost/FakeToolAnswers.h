@@ -7,6 +7,7 @@ namespace FakeTool {
 constexpr const char *kName = "Fake Tool";
 constexpr const char *kUnsupportedReason = "fake tool: no TD-SCDMA on this target";
 constexpr const char *kAnswerVariable = "TAVO_FAKE_TOOL_ANSWER";
+constexpr const char *kTraceLine = "fake tool: arming the target"; // debug trace of ShowTool
 constexpr int kPrepareMs = 300;
 constexpr int kWindowWidth = 400;
 constexpr int kWindowHeight = 300;

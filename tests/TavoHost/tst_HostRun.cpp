@@ -26,30 +26,36 @@ private slots:
         QTest::addColumn<QString>("screenshot"); // the PNG expected, relative to {dir}; empty: none
         QTest::addColumn<QString>("stdoutText");
         QTest::addColumn<QString>("stderrText");
+        QTest::addColumn<QString>("rules"); // QT_LOGGING_RULES; empty: not set
+        QTest::addColumn<bool>("traced");   // the tool's debug trace is printed
         const QString good = QStringLiteral(FAKE_TOOL_PATH);
         const QStringList shot{"--plugin", good, "--screenshot", "{dir}/shot.png"};
 
-        QTest::newRow("ready") << shot << "needdb" << 0 << "shot.png" << "screenshot saved: {dir}/shot.png" << "";
+        QTest::newRow("ready, without the tool's trace")
+            << shot << "needdb" << 0 << "shot.png" << "screenshot saved: {dir}/shot.png" << "" << "" << false;
+        QTest::newRow("with the trace asked for") << shot + QStringList{"--trace"} << "supported" << 0 << "shot.png"
+                                                  << "screenshot saved: {dir}/shot.png" << "" << "" << true;
+        QTest::newRow("the user's own logging rules") << shot << "supported" << 0 << "shot.png"
+                                                      << "screenshot saved: {dir}/shot.png" << ""
+                                                      << "qt.qpa.*=false" << true;
         QTest::newRow("relative file name, missing folders are made")
             << QStringList{"--plugin", good, "--screenshot", "new/shot.png"} << "supported" << 0 << "new/shot.png"
-            << "screenshot saved: {dir}/new/shot.png" << "";
+            << "screenshot saved: {dir}/new/shot.png" << "" << "" << false;
 
         QTest::newRow("never ready") << shot + QStringList{"--timeout", "1"} << "never-enabled" << 2 << "" << ""
-                                     << "tool not ready after 1 s";
+                                     << "tool not ready after 1 s" << "" << false;
         QTest::newRow("a page the tool does not have")
             << shot + QStringList{"--page", "No such page"} << "supported" << 1 << "" << ""
-            << "the tool has no page \"No such page\"";
-        QTest::newRow("unsupported") << shot << "unsupported" << 3 << "" << "" << FakeTool::kUnsupportedReason;
-        QTest::newRow("bad metadata")
-            << QStringList{"--plugin", FAKE_TOOL_BAD_META_PATH, "--screenshot", "{dir}/shot.png"} << "supported" << 1
-            << "" << "" << "no \"version\"";
+            << "the tool has no page \"No such page\"" << "" << false;
+        QTest::newRow("unsupported") << shot << "unsupported" << 3 << "" << "" << FakeTool::kUnsupportedReason << ""
+                                     << false;
         QTest::newRow("unknown profile") << shot + QStringList{"--profile", "no-such-profile"} << "supported" << 1 << ""
-                                         << "" << "no-such-profile";
+                                         << "" << "no-such-profile" << "" << false;
         QTest::newRow("unwritable file")
             << QStringList{"--plugin", good, "--screenshot", "{dir}/blocker/shot.png"} << "supported" << 1 << ""
-            << "" << "could not write";
+            << "" << "could not write" << "" << false;
         QTest::newRow("bad command line") << shot + QStringList{"--timeout", "x"} << "supported" << 1 << "" << ""
-                                          << "--timeout";
+                                          << "--timeout" << "" << false;
     }
     void run()
     {
@@ -59,6 +65,8 @@ private slots:
         QFETCH(QString, screenshot);
         QFETCH(QString, stdoutText);
         QFETCH(QString, stderrText);
+        QFETCH(QString, rules);
+        QFETCH(bool, traced);
         QTemporaryDir dir;
         QVERIFY(dir.isValid());
         const QString dirPath = QFileInfo(dir.path()).canonicalFilePath();
@@ -72,6 +80,9 @@ private slots:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         environment.insert(QString::fromLatin1(FakeTool::kAnswerVariable), answer);
+        environment.remove(QStringLiteral("QT_LOGGING_RULES"));
+        if (!rules.isEmpty())
+            environment.insert(QStringLiteral("QT_LOGGING_RULES"), rules);
 
         QProcess host;
         host.setProcessEnvironment(environment);
@@ -86,6 +97,7 @@ private slots:
         QVERIFY2(host.exitCode() == exitCode, qPrintable(QStringLiteral("exit code %1\n").arg(host.exitCode()) + both));
         QVERIFY2(out.contains(stdoutText), qPrintable(both));
         QVERIFY2(err.contains(stderrText), qPrintable(both));
+        QVERIFY2(err.contains(QLatin1String(FakeTool::kTraceLine)) == traced, qPrintable(both));
 
         QStringList pngs;
         QDirIterator it(dirPath, {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);

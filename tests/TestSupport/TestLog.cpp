@@ -1,64 +1,150 @@
 #include "TestLog.h"
 
 #include <QLoggingCategory>
-#include <QString>
+#include <QMutex>
+#include <QVector>
+
+// The lines of one running capture.
+struct TestLog::Capture::SRecord {
+    QtMsgType type;
+    QStringList lines;
+};
 
 namespace {
 
-QtMessageHandler s_next = nullptr;
+// A channel turned on or off by a test; later ones win.
+struct SOverride {
+    QString categories;
+    QtMsgType type;
+    bool enabled;
+};
+
+// Shared with the threads that log and register categories.
+QMutex s_mutex;
+QVector<SOverride> s_overrides;
+QVector<TestLog::Capture::SRecord *> s_captures;
+bool s_muteOffscreenNotes = false;
+QtMessageHandler s_nextHandler = nullptr;
+bool s_handlerInstalled = false;
+QLoggingCategory::CategoryFilter s_rulesFilter = nullptr;
+
+bool Matches(const char *name, const QString &categories)
+{
+    if (categories.endsWith('*'))
+        return QLatin1String(name).startsWith(categories.chopped(1));
+    return QLatin1String(name) == categories;
+}
+
+// Qt's own filter (the rules of the environment) first, then the tests' overrides.
+void Filter(QLoggingCategory *category)
+{
+    if (s_rulesFilter)
+        s_rulesFilter(category);
+    QMutexLocker lock(&s_mutex);
+    for (const SOverride &override : qAsConst(s_overrides)) {
+        if (Matches(category->categoryName(), override.categories))
+            category->setEnabled(override.type, override.enabled);
+    }
+}
+
+// Lays the overrides over every category there is, and over those made later.
+void ApplyOverrides()
+{
+    const QLoggingCategory::CategoryFilter previous = QLoggingCategory::installFilter(Filter);
+    if (previous != Filter)
+        s_rulesFilter = previous;
+}
 
 void Handler(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    if (type == QtWarningMsg && message.startsWith("This plugin does not support"))
-        return;
-    if (s_next)
-        s_next(type, context, message);
+    {
+        QMutexLocker lock(&s_mutex);
+        if (s_muteOffscreenNotes && type == QtWarningMsg && message.startsWith("This plugin does not support"))
+            return;
+        for (TestLog::Capture::SRecord *record : qAsConst(s_captures)) {
+            if (record->type == type) {
+                record->lines.append(message);
+                return;
+            }
+        }
+    }
+    if (s_nextHandler)
+        s_nextHandler(type, context, message);
 }
 
-QtMessageHandler s_beforeCapture = nullptr;
-QStringList *s_captured = nullptr;
-
-void CaptureHandler(QtMsgType type, const QMessageLogContext &context, const QString &message)
+void InstallHandler()
 {
-    if (type == QtCriticalMsg && s_captured) {
-        s_captured->append(message);
+    if (s_handlerInstalled)
         return;
+    s_nextHandler = qInstallMessageHandler(Handler);
+    s_handlerInstalled = true;
+}
+
+void AddOverride(const QString &categories, QtMsgType type, bool enabled)
+{
+    {
+        QMutexLocker lock(&s_mutex);
+        s_overrides.append({categories, type, enabled});
     }
-    if (s_beforeCapture)
-        s_beforeCapture(type, context, message);
+    ApplyOverrides();
 }
 
 } // namespace
 
 void TestLog::MuteOffscreenPlatformNotes()
 {
-    QtMessageHandler previous = qInstallMessageHandler(Handler);
-    if (previous != Handler)
-        s_next = previous;
+    {
+        QMutexLocker lock(&s_mutex);
+        s_muteOffscreenNotes = true;
+    }
+    InstallHandler();
+}
+
+void TestLog::SetCategory(const QString &categories, QtMsgType type, bool enabled)
+{
+    AddOverride(categories, type, enabled);
 }
 
 void TestLog::SetChannel(QtMsgType type, bool enabled)
 {
-    QLoggingCategory::defaultCategory()->setEnabled(type, enabled);
+    AddOverride("default", type, enabled);
+    AddOverride("radbench.*", type, enabled);
 }
 
-TestLog::CriticalCapture::CriticalCapture()
+TestLog::Capture::Capture(QtMsgType type) : m_record(new SRecord{type, {}})
 {
-    s_captured = &m_lines;
-    s_beforeCapture = qInstallMessageHandler(CaptureHandler);
-    QLoggingCategory::defaultCategory()->setEnabled(QtCriticalMsg, true);
+    InstallHandler();
+    {
+        QMutexLocker lock(&s_mutex);
+        m_overridesBefore = s_overrides.size();
+        s_captures.append(m_record);
+    }
+    SetChannel(type, true);
 }
 
-TestLog::CriticalCapture::~CriticalCapture()
+TestLog::Capture::~Capture()
 {
-    qInstallMessageHandler(s_beforeCapture);
-    s_captured = nullptr;
+    {
+        QMutexLocker lock(&s_mutex);
+        s_captures.removeAll(m_record);
+        s_overrides.resize(m_overridesBefore);
+    }
+    // A category the capture turned on goes back to what the rules and the
+    // earlier overrides say.
+    ApplyOverrides();
+    delete m_record;
 }
 
-int TestLog::CriticalCapture::Count(const QString &text) const
+QStringList TestLog::Capture::Lines() const
+{
+    QMutexLocker lock(&s_mutex);
+    return m_record->lines;
+}
+
+int TestLog::Capture::Count(const QString &text) const
 {
     int count = 0;
-    for (const QString &line : m_lines)
+    for (const QString &line : Lines())
         count += line.contains(text) ? 1 : 0;
     return count;
 }

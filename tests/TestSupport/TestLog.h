@@ -1,35 +1,50 @@
 #pragma once
 
+#include <QString>
 #include <QStringList>
 #include <QtGlobal>
 
 // Keeps test output readable without removing any line from the product.
+//
+// Under CTest the trace of the tool is off by the logging rules of the
+// environment (QT_LOGGING_RULES, tests/CMakeLists.txt). A test that checks
+// trace lines turns the categories it needs on for itself; what it turns on
+// or off here wins over those rules.
 namespace TestLog {
 
 // Drops the offscreen platform's notes that it cannot raise windows or
 // propagate size hints; every other message goes on to the test framework.
 void MuteOffscreenPlatformNotes();
 
-// Turns a channel of the default logging category on or off for the rest of
-// the test (the trace is off under CTest; a test that checks trace lines
-// turns it on for itself).
+// Turns one channel of some categories on or off for the rest of the test.
+// `categories` is a category's name ("radbench.framework") or a prefix
+// followed by "*" ("radbench.*").
+void SetCategory(const QString &categories, QtMsgType type, bool enabled);
+
+// The same for all of the tool's log: its categories ("radbench.*") and the
+// default category, where lines of code not yet moved to a category go.
 void SetChannel(QtMsgType type, bool enabled);
 
-// Collects the critical lines logged while it lives (they still reach the
-// test framework's output only if the channel is on).
-class CriticalCapture {
+// Collects the lines of one channel of the tool's log while it lives, with
+// that channel on meanwhile; they don't reach the test framework's output.
+// Afterwards the channel is as it was before (and what SetCategory or
+// SetChannel changed meanwhile ends with it).
+class Capture {
 public:
-    CriticalCapture();
-    ~CriticalCapture();
-    CriticalCapture(const CriticalCapture &) = delete;
-    CriticalCapture &operator=(const CriticalCapture &) = delete;
+    explicit Capture(QtMsgType type);
+    ~Capture();
+    Capture(const Capture &) = delete;
+    Capture &operator=(const Capture &) = delete;
 
-    const QStringList &Lines() const { return m_lines; }
+    QStringList Lines() const;
     // The lines that contain `text`.
     int Count(const QString &text) const;
 
+    struct SRecord;
+
 private:
-    QStringList m_lines;
+    SRecord *m_record;
+    int m_overridesBefore;
 };
 
 } // namespace TestLog
