@@ -43,6 +43,8 @@ CTdscdmaCore::CTdscdmaCore()
     // thread first asked for it.
     if (QCoreApplication::instance() && thread() != QCoreApplication::instance()->thread())
         moveToThread(QCoreApplication::instance()->thread());
+    // Its answers reach the user interface thread through the event queue.
+    Platform::WatchEventQueueHandOffs();
     CreateItems();
 }
 

@@ -1,5 +1,8 @@
 #include "TdscdmaRadbenchCore.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <memory>
 
 #include "Interface/PoolRun.h"
@@ -11,6 +14,8 @@ CTdscdmaRadbenchCore::CTdscdmaRadbenchCore(QObject *parent) : QObject(parent)
 {
     static const int registered = qRegisterMetaType<ECalDataMovement>("ECalDataMovement");
     Q_UNUSED(registered);
+    // Answers reach this object through the event queue.
+    Platform::WatchEventQueueHandOffs();
 }
 
 template <typename Function, typename... Args>
@@ -23,25 +28,44 @@ template <typename Sender, typename Base, typename... SignalArgs, typename Funct
 void CTdscdmaRadbenchCore::ConnectOnce(Sender *sender, void (Base::*signal)(SignalArgs...), Function reply)
 {
     auto connection = std::make_shared<QMetaObject::Connection>();
-    const QObject *from = sender;
-    *connection = connect(sender, signal, this, [connection, reply, from](SignalArgs... args) {
-        Platform::HandOffAcquire(from);
+    *connection = connect(sender, signal, this, [connection, reply](SignalArgs... args) {
         QObject::disconnect(*connection);
         reply(args...);
     });
 }
 
+namespace {
+
+// Work posted to the view controller's thread. Built whole before it is
+// posted, so that nothing of it is written after the hand-off.
+class CWorkEvent : public QEvent {
+public:
+    static QEvent::Type Kind()
+    {
+        static const QEvent::Type kind = QEvent::Type(QEvent::registerEventType());
+        return kind;
+    }
+
+    explicit CWorkEvent(std::function<void()> work) : QEvent(Kind()), m_work(std::move(work)) {}
+    void Run() const { m_work(); }
+
+private:
+    std::function<void()> m_work;
+};
+
+} // namespace
+
 void CTdscdmaRadbenchCore::OnOwnThread(std::function<void()> work)
 {
-    auto token = std::make_shared<char>();
-    Platform::HandOffRelease(token.get());
-    QMetaObject::invokeMethod(
-        this,
-        [token, work] {
-            Platform::HandOffAcquire(token.get());
-            work();
-        },
-        Qt::QueuedConnection);
+    auto *event = new CWorkEvent(std::move(work));
+    Platform::HandOffRelease(Platform::EHandOff::EventQueue);
+    QCoreApplication::postEvent(this, event);
+}
+
+void CTdscdmaRadbenchCore::customEvent(QEvent *event)
+{
+    if (event->type() == CWorkEvent::Kind())
+        static_cast<CWorkEvent *>(event)->Run();
 }
 
 CTdscdmaRadbenchCore::Reply CTdscdmaRadbenchCore::Emitting(ResultSignal signal)

@@ -142,6 +142,9 @@ signals:
     void Signal_AfcDownloadToFlashDone(SEachItemOperationResult result);
     void Signal_AfcSaveToFileDone(SEachItemOperationResult result);
 
+protected:
+    void customEvent(QEvent *event) override;
+
 private:
     // What a run answers, on the user interface thread: the result and, for
     // tests with a result and for uploads and loads, a model.

@@ -1,34 +1,24 @@
 #pragma once
 
-#ifdef __SANITIZE_THREAD__
-#include <sanitizer/tsan_interface.h>
-#endif
-
-// Marks a hand-off of data between threads through a channel that
-// ThreadSanitizer cannot see: Qt's thread pool and event queue synchronise
-// with locks inside Qt, which is not built with the sanitizer. The giving
-// thread releases a token before the hand-off, the taking thread acquires
-// it after; everything the giver did before is then ordered before what
-// the taker does after, as it really is. Without ThreadSanitizer both do
-// nothing.
+// Tells ThreadSanitizer about the hand-offs of data between threads that go
+// through Qt: the global thread pool's queue of runs and the user interface
+// thread's event queue (queued signals, posted calls). Qt orders them with
+// locks of its own, which ThreadSanitizer cannot see in a Qt that is not
+// built with it. The giving thread releases the channel right before it
+// hands over; the taking thread acquires it right after; everything the
+// giver did before is then ordered before what the taker does after, as
+// the lock in Qt orders it. Without ThreadSanitizer all of it does nothing.
 namespace Platform {
 
-inline void HandOffRelease(const void *token)
-{
-#ifdef __SANITIZE_THREAD__
-    __tsan_release(const_cast<void *>(token));
-#else
-    (void)token;
-#endif
-}
+enum class EHandOff { ThreadPool, EventQueue };
 
-inline void HandOffAcquire(const void *token)
-{
-#ifdef __SANITIZE_THREAD__
-    __tsan_acquire(const_cast<void *>(token));
-#else
-    (void)token;
-#endif
-}
+void HandOffRelease(EHandOff channel);
+void HandOffAcquire(EHandOff channel);
+
+// Acquires the event queue before every event that reaches an object of the
+// user interface thread: one filter on the application, installed
+// once (from then on, as long as the application lives; from another thread
+// it takes effect when the application's thread next handles its events).
+void WatchEventQueueHandOffs();
 
 } // namespace Platform

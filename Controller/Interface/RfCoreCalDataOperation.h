@@ -94,7 +94,7 @@ protected:
     void SetErrorMessage(const QString &message);
     // Comes right before a signal that receivers on other threads take: what
     // the run did is then theirs to see (Platform/ThreadHandOff.h).
-    void HandOverToReceivers() const { Platform::HandOffRelease(static_cast<const QObject *>(this)); }
+    static void HandOverToReceivers() { Platform::HandOffRelease(Platform::EHandOff::EventQueue); }
 
     // Guards what runs on any thread write: the last RAT status and the last failure text.
     mutable std::mutex m_stateLock;
