@@ -1,10 +1,11 @@
 #include "TdscdmaItemCatalog.h"
 
 #include "Capability/MmrfCapability.h"
-#include "ContRxPageItem.h"
-#include "ContTxPageItem.h"
+#include "ContinuousPageItem.h"
 #include "DpchTxPageItem.h"
 #include "ItemInfo.h"
+#include "Items/TdscdmaContRx.h"
+#include "Items/TdscdmaContTx.h"
 #include "PathlossPageItem.h"
 #include "RssiPageItem.h"
 #include "TadcCalItem.h"
@@ -53,8 +54,12 @@ STdscdmaItemCatalog STdscdmaItemCatalog::Create()
     catalog.pageItems.push_back(std::make_unique<CTadcPageItem>(tadcObj));
     catalog.pageItems.push_back(std::make_unique<CRssiPageItem>());
     catalog.pageItems.push_back(std::make_unique<CPathlossPageItem>());
-    catalog.pageItems.push_back(std::make_unique<CContRxPageItem>());
-    catalog.pageItems.push_back(std::make_unique<CContTxPageItem>());
+    catalog.pageItems.push_back(std::make_unique<CContinuousPageItem<CTdscdmaContRx>>(
+        PAGE_ITEM_CONT_RX, GetPageItemName(PAGE_ITEM_CONT_RX), "CTdscdmaContRxDockWidget", ":/TdscdmaContRx.json",
+        &CTdscdmaContRx::RxOn, &CTdscdmaContRx::RxOff));
+    catalog.pageItems.push_back(std::make_unique<CContinuousPageItem<CTdscdmaContTx>>(
+        PAGE_ITEM_CONT_TX, GetPageItemName(PAGE_ITEM_CONT_TX), "CTdscdmaContTxDockWidget", ":/TdscdmaContTx.json",
+        &CTdscdmaContTx::TxOn, &CTdscdmaContTx::TxOff));
     catalog.pageItems.push_back(std::make_unique<CDpchTxPageItem>());
     catalog.pageItems.push_back(
         Page(PAGE_ITEM_BB_REGISTER, "CTdscdmaBBRegDockWidget", SPageModel::WithoutBands(":/TdscdmaBBReg.json")));
