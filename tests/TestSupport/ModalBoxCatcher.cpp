@@ -20,7 +20,6 @@ void ModalBoxCatcher::Poll()
     seen.title = box->windowTitle();
     seen.text = box->text();
     seen.informativeText = box->informativeText();
-    seen.detailedText = box->detailedText();
     seen.icon = box->icon();
     seen.buttons = box->standardButtons();
     seen.width = box->width();

@@ -16,7 +16,6 @@ public:
         QString title;
         QString text;
         QString informativeText;
-        QString detailedText;
         QMessageBox::Icon icon = QMessageBox::NoIcon;
         QMessageBox::StandardButtons buttons;
         int width = 0;

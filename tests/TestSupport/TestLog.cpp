@@ -100,11 +100,6 @@ void TestLog::MuteOffscreenPlatformNotes()
     InstallHandler();
 }
 
-void TestLog::SetCategory(const QString &categories, QtMsgType type, bool enabled)
-{
-    AddOverride(categories, type, enabled);
-}
-
 void TestLog::SetChannel(QtMsgType type, bool enabled)
 {
     AddOverride("default", type, enabled);
