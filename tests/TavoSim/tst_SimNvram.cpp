@@ -280,8 +280,6 @@ private slots:
                                              << kImei << 2 << "imei[3]" << int('4') << "";
         QTest::newRow("unknown field") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"x": 1}})") << "" << 0 << ""
                                        << 0 << "NVRAM_EF_AST_TL1_TEMP_DAC_LID.x: a Tadc record has no such field";
-        QTest::newRow("too many records") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {}, {}]})") << "" << 0
-                                          << "" << 0 << "the LID has 2 record(s)";
     }
     void profileRecords()
     {
