@@ -33,8 +33,6 @@ public:
     Capture &operator=(const Capture &) = delete;
 
     QStringList Lines() const;
-    // The lines that contain `text`.
-    int Count(const QString &text) const;
 
     struct SRecord;
 
