@@ -57,6 +57,48 @@ QWidget *TestPage::AddOf(const QString &className, const QString &name)
     return Add<QLabel>(name);
 }
 
+void TestPage::AddWidgetsFor(const QJsonObject &model)
+{
+    const QString interface = model.contains("cmdIf") ? "cmdIf" : "calDataIf";
+    const QJsonObject sections = model.value(interface).toObject();
+    for (auto section = sections.begin(); section != sections.end(); ++section) {
+        const QJsonObject groups = section.value().toObject();
+        for (auto group = groups.begin(); group != groups.end(); ++group) {
+            const QJsonObject groupObject = group.value().toObject();
+            const QString prefix = interface + "_" + section.key() + "_" + group.key() + "_memberProperty_";
+            const QJsonArray members = groupObject.value("memberList").toArray();
+            if (groupObject.value("groupType").toInt() == 3) {
+                if (!members.isEmpty())
+                    Add<QTableWidget>(prefix + members.first().toString());
+                continue;
+            }
+            for (const QJsonValue &member : members) {
+                const QString name = prefix + member.toString();
+                const QString type = groupObject.value("memberProperty")
+                                         .toObject()
+                                         .value(member.toString())
+                                         .toObject()
+                                         .value("trait")
+                                         .toObject()
+                                         .value("dataType")
+                                         .toString();
+                if (type == "list")
+                    Add<QComboBox>(name);
+                else if (type == "range")
+                    Add<QSpinBox>(name);
+                else if (type == "pointRange")
+                    Add<QDoubleSpinBox>(name);
+                else if (type == "boolean")
+                    Add<QCheckBox>(name);
+                else
+                    Add<QLabel>(name);
+                if (type != "boolean")
+                    Add<QLabel>(name + "_caption");
+            }
+        }
+    }
+}
+
 QString Describe(QWidget *widget)
 {
     if (!widget)
