@@ -38,7 +38,7 @@ private slots:
         QFETCH(QJsonValue, value);
         const QJsonObject model = Json(kModel);
         QJsonObject copy = model;
-        const bool defined = IsJsonValueDefined(value);
+        const bool defined = !value.isNull() && !value.isUndefined();
         QCOMPARE(IsJsonValueDefined(GetJsonValueConst(model, path)), defined);
         QCOMPARE(IsJsonValueDefined(GetJsonValue(copy, path)), defined);
         if (defined) {
