@@ -22,7 +22,6 @@ void ModalBoxCatcher::Poll()
     seen.informativeText = box->informativeText();
     seen.icon = box->icon();
     seen.buttons = box->standardButtons();
-    seen.width = box->width();
     m_boxes.append(seen);
 
     if (QAbstractButton *button = box->escapeButton())

@@ -18,7 +18,6 @@ public:
         QString informativeText;
         QMessageBox::Icon icon = QMessageBox::NoIcon;
         QMessageBox::StandardButtons buttons;
-        int width = 0;
     };
 
     explicit ModalBoxCatcher(QObject *parent = nullptr);
