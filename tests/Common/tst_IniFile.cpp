@@ -277,7 +277,8 @@ private slots:
         QTest::newRow("capacity n") << false << QByteArray("AB cd") << 2 << true << QByteArray("\xAB\xCD");
         QTest::newRow("one short") << false << QByteArray("AB CD") << 1 << false << QByteArray();
         QTest::newRow("blank behind the last byte") << false << QByteArray("00 ") << 1 << true << QByteArray("\x00", 1);
-        QTest::newRow("bad separator after a good byte") << false << QByteArray("AB-CD") << 2 << false << QByteArray("\xAB");
+        QTest::newRow("bad separator after a good byte")
+            << false << QByteArray("AB-CD") << 2 << false << QByteArray("\xAB");
         QTest::newRow("lone digit at the end") << false << QByteArray("AB C") << 1 << false << QByteArray("\xAB");
     }
     void hexText()

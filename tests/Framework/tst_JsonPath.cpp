@@ -11,7 +11,8 @@ namespace {
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
 QString Text(const QJsonObject &object) { return QJsonDocument(object).toJson(QJsonDocument::Compact); }
 
-const char *const kModel = R"({"a": {"b": 1, "n": null, "z": 0, "arr": [1, 2], "deep": {"x": {"y": "v"}}}, "s": "text"})";
+const char *const kModel =
+    R"({"a": {"b": 1, "n": null, "z": 0, "arr": [1, 2], "deep": {"x": {"y": "v"}}}, "s": "text"})";
 
 } // namespace
 
@@ -116,8 +117,8 @@ private slots:
         AddModelUpdateResult(model, true, "first");
         AddModelUpdateResult(model, false, "second");
         AddModelUpdateResult(model, true, "third");
-        QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":false,"messageList":["first","second","third"]},)"
-                                      R"("modelName":"m"})"));
+        QCOMPARE(Text(model),
+                 QString(R"({"modelIntegrity":{"integrity":false,"messageList":["first","second","third"]},"modelName":"m"})"));
         InsertModelUpdateResult(model, true, "");
         QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":[""]},"modelName":"m"})"));
         QCOMPARE(QString::fromStdString(BuildEmptyModelStringWithError("no data")),

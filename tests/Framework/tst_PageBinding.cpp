@@ -99,12 +99,14 @@ private slots:
             << on + R"("trait":{"dataType":"pointRange","defaultValue":"0.25","decimals":3,"value":{"min":-1.5,"max":1.5}})"
             << "QDoubleSpinBox -1.5..1.5 value=0.25 decimals=3 tip=-1.5~1.5" << false;
         QTest::newRow("label, disabled by the model")
-            << "QLabel" << "" << R"("defaultSupport":1,"defaultEnableStatus":0,"trait":{"dataType":"label","defaultValue":"N/A"})"
+            << "QLabel" << ""
+            << R"("defaultSupport":1,"defaultEnableStatus":0,"trait":{"dataType":"label","defaultValue":"N/A"})"
             << "QLabel text=N/A tip= disabled" << false;
         QTest::newRow("boolean takes the caption")
             << "QCheckBox" << "" << on + R"("caption":"Fix Power","trait":{"dataType":"boolean","defaultValue":"true"})"
             << "QCheckBox text=Fix Power checked=1 tip=" << false;
-        const QString unsupported = R"("caption":"x","defaultSupport":0,"defaultEnableStatus":1,"trait":{"dataType":"label","defaultValue":"x"})";
+        const QString unsupported =
+            R"("caption":"x","defaultSupport":0,"defaultEnableStatus":1,"trait":{"dataType":"label","defaultValue":"x"})";
         QTest::newRow("not supported: hidden, untouched; the caption hidden")
             << "QLabel" << "QLabel" << unsupported << "QLabel text= tip= hidden / QLabel text=x tip= hidden" << false;
         QTest::newRow("a group box caption follows support only")
