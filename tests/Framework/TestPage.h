@@ -30,7 +30,7 @@ public:
     // The same for a class named at run time (QLabel for any other name).
     QWidget *AddOf(const QString &className, const QString &name);
     // Widgets for every member and caption of `model`, of the classes the
-    // binding takes for their data and group types.
+    // binding takes for their data and group types (for the benchmarks).
     void AddWidgetsFor(const QJsonObject &model);
 
     // Shows the page with `text` as its model and waits until it is bound.

@@ -11,8 +11,8 @@ namespace {
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
 QString Text(const QJsonObject &object) { return QJsonDocument(object).toJson(QJsonDocument::Compact); }
 
-const char *const kModel = R"({"a": {"b": 1, "n": null, "z": 0, "f": false, "e": "", "arr": [1, 2],
-                               "deep": {"x": {"y": "v"}}, "k-ey w#th": {"ü": 5}}, "s": "text"})";
+const char *const kModel =
+    R"({"a": {"b": 1, "n": null, "z": 0, "arr": [1, 2], "deep": {"x": {"y": "v"}}}, "s": "text"})";
 
 } // namespace
 
@@ -24,20 +24,14 @@ private slots:
     void read_data()
     {
         QTest::addColumn<QString>("path");
-        QTest::addColumn<QJsonValue>("value");
-        QTest::addColumn<bool>("missing");
-        QTest::newRow("nested number") << "a.b" << QJsonValue(1) << false;
-        QTest::newRow("object") << "a.deep.x" << QJsonValue(QJsonObject{{"y", "v"}}) << false;
-        QTest::newRow("array ends the path") << "a.arr" << QJsonValue(QJsonArray{1, 2}) << false;
-        QTest::newRow("no index into an array") << "a.arr.0" << QJsonValue(QJsonValue::Undefined) << true;
-        QTest::newRow("absent key") << "a.c" << QJsonValue(QJsonValue::Undefined) << true;
-        QTest::newRow("absent first key") << "x.y" << QJsonValue(QJsonValue::Undefined) << true;
-        QTest::newRow("through a number") << "a.b.c" << QJsonValue(QJsonValue::Undefined) << true;
-        QTest::newRow("null counts as absent") << "a.n" << QJsonValue(QJsonValue::Null) << true;
-        QTest::newRow("zero is there") << "a.z" << QJsonValue(0) << false;
-        QTest::newRow("unusual key characters") << "a.k-ey w#th.ü" << QJsonValue(5) << false;
-        QTest::newRow("empty path") << "" << QJsonValue(QJsonValue::Undefined) << true;
-        QTest::newRow("trailing dot") << "a." << QJsonValue(QJsonObject(Json(kModel)["a"].toObject())) << false;
+        QTest::addColumn<QJsonValue>("value"); // undefined or null: missing
+        QTest::newRow("nested number") << "a.b" << QJsonValue(1);
+        QTest::newRow("object") << "a.deep.x" << QJsonValue(QJsonObject{{"y", "v"}});
+        QTest::newRow("no index into an array") << "a.arr.0" << QJsonValue(QJsonValue::Undefined);
+        QTest::newRow("absent key") << "a.c" << QJsonValue(QJsonValue::Undefined);
+        QTest::newRow("through a number") << "a.b.c" << QJsonValue(QJsonValue::Undefined);
+        QTest::newRow("null counts as absent") << "a.n" << QJsonValue(QJsonValue::Null);
+        QTest::newRow("zero is there") << "a.z" << QJsonValue(0);
     }
     void read()
     {
@@ -45,31 +39,30 @@ private slots:
         QFETCH(QJsonValue, value);
         const QJsonObject model = Json(kModel);
         QJsonObject copy = model;
-        const QJsonValue mutableRead = GetJsonValue(copy, path);
-        const QJsonValue constRead = GetJsonValueConst(model, path);
-        QCOMPARE(constRead.type(), value.type() == QJsonValue::Null && path.contains('.') ? QJsonValue::Null
-                                                                                          : constRead.type());
-        QCOMPARE(IsJsonValueDefined(constRead), IsJsonValueDefined(value));
-        if (IsJsonValueDefined(value)) {
-            QCOMPARE(constRead, value);
-            QCOMPARE(mutableRead, value);
-        } else {
-            QVERIFY(!IsJsonValueDefined(mutableRead));
+        const bool defined = !value.isNull() && !value.isUndefined();
+        QCOMPARE(IsJsonValueDefined(GetJsonValueConst(model, path)), defined);
+        QCOMPARE(IsJsonValueDefined(GetJsonValue(copy, path)), defined);
+        if (defined) {
+            QCOMPARE(GetJsonValueConst(model, path), value);
+            QCOMPARE(GetJsonValue(copy, path), value);
         }
-        QTEST(IsJsonPathMissing(model, path), "missing");
-        QCOMPARE(Text(model), Text(Json(kModel)));
+        QCOMPARE(IsJsonPathMissing(model, path), !defined);
+        QCOMPARE(Text(copy), Text(model));
     }
 
-    void readLeavesANullOnlyUnderAnAbsentFirstKey()
+    // Reading or writing under an absent first key through the mutable
+    // object leaves a null there; the const read leaves the object alone.
+    void absentFirstKeyLeavesANull()
     {
         QJsonObject model = Json(kModel);
         QVERIFY(!IsJsonValueDefined(GetJsonValue(model, "x.y")));
-        QVERIFY(model.contains("x"));
-        QVERIFY(model.value("x").isNull());
+        QVERIFY(model.contains("x") && model.value("x").isNull());
         QVERIFY(!IsJsonValueDefined(GetJsonValue(model, "a.q.r")));
         QVERIFY(!model.value("a").toObject().contains("q"));
+        QVERIFY(!SetJsonValue(model, "w", 2));
+        QVERIFY(model.contains("w") && model.value("w").isNull());
 
-        QJsonObject untouched = Json(kModel);
+        const QJsonObject untouched = Json(kModel);
         GetJsonValueConst(untouched, "x.y");
         QVERIFY(!untouched.contains("x"));
     }
@@ -77,40 +70,26 @@ private slots:
     void write_data()
     {
         QTest::addColumn<QString>("path");
-        QTest::addColumn<QJsonValue>("value");
         QTest::addColumn<bool>("written");
-        QTest::newRow("replace a number") << "a.b" << QJsonValue(2) << true;
-        QTest::newRow("replace an object by a string") << "a.deep" << QJsonValue("flat") << true;
-        QTest::newRow("absent last key") << "a.c" << QJsonValue(2) << false;
-        QTest::newRow("absent deep path") << "a.q.r.s" << QJsonValue(2) << false;
-        QTest::newRow("null can't be overwritten") << "a.n" << QJsonValue(2) << false;
-        QTest::newRow("through a number") << "a.b.c" << QJsonValue(2) << false;
+        QTest::newRow("replace an object by a string") << "a.deep" << true;
+        QTest::newRow("absent last key") << "a.c" << false;
+        QTest::newRow("null can't be overwritten") << "a.n" << false;
+        QTest::newRow("through a number") << "a.b.c" << false;
     }
     void write()
     {
         QFETCH(QString, path);
-        QFETCH(QJsonValue, value);
         QFETCH(bool, written);
         QJsonObject model = Json(kModel);
-        QCOMPARE(SetJsonValue(model, path, value), written);
+        QCOMPARE(SetJsonValue(model, path, "flat"), written);
+        QJsonObject expected = Json(kModel);
         if (written) {
-            QCOMPARE(GetJsonValueConst(model, path), value);
-            // Everything else stays.
-            QJsonObject expected = Json(kModel);
+            QCOMPARE(GetJsonValueConst(model, path), QJsonValue("flat"));
             QJsonObject a = expected["a"].toObject();
-            QCOMPARE(model.value("s"), expected.value("s"));
-            QCOMPARE(model.value("a").toObject().value("arr"), a.value("arr"));
-        } else {
-            QCOMPARE(Text(model), Text(Json(kModel)));
+            a["deep"] = "flat";
+            expected["a"] = a;
         }
-    }
-
-    // A write under an absent first key fails, and leaves a null there.
-    void failedWriteUnderAnAbsentKey()
-    {
-        QJsonObject model = Json(R"({"a": {"b": 1}})");
-        QVERIFY(!SetJsonValue(model, "x", 2));
-        QCOMPARE(Text(model), QString(R"({"a":{"b":1},"x":null})"));
+        QCOMPARE(Text(model), Text(expected));
     }
 
     void insertCreatesTheNestedKey_data()
@@ -131,24 +110,17 @@ private slots:
         QTEST(Text(model), "result");
     }
 
+    // A failure sticks once added; Insert starts over; the empty model with an error.
     void updateOutcome()
     {
         QJsonObject model = Json(R"({"modelName": "m"})");
         AddModelUpdateResult(model, true, "first");
-        QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":["first"]},"modelName":"m"})"));
         AddModelUpdateResult(model, false, "second");
         AddModelUpdateResult(model, true, "third");
-        QCOMPARE(GetJsonValueConst(model, "modelIntegrity.integrity").toBool(), false);
-        QCOMPARE(GetJsonValueConst(model, "modelIntegrity.messageList").toArray(),
-                 (QJsonArray{"first", "second", "third"}));
-
+        QCOMPARE(Text(model),
+                 QString(R"({"modelIntegrity":{"integrity":false,"messageList":["first","second","third"]},"modelName":"m"})"));
         InsertModelUpdateResult(model, true, "");
         QCOMPARE(Text(model), QString(R"({"modelIntegrity":{"integrity":true,"messageList":[""]},"modelName":"m"})"));
-    }
-
-    void emptyModels()
-    {
-        QCOMPARE(QString::fromStdString(BuildEmptyModelString()), QString(R"({"emptyModel":""})"));
         QCOMPARE(QString::fromStdString(BuildEmptyModelStringWithError("no data")),
                  QString(R"({"emptyModel":"","modelIntegrity":{"integrity":false,"messageList":["no data"]}})"));
     }

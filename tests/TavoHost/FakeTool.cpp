@@ -64,16 +64,14 @@ void CFakeTool::ShowTool()
     m_window->setEnabled(false);
     emit Signal_PluginIsBusy(QString::fromLatin1(FakeTool::kName), true);
 
-    const QString answer = Answer();
-    if (answer == QLatin1String("never-enabled"))
+    if (Answer() == QLatin1String("never-enabled"))
         return;
-    QTimer::singleShot(FakeTool::kPrepareMs, this, [this, answer] {
+    QTimer::singleShot(FakeTool::kPrepareMs, this, [this] {
         if (!m_window)
             return;
         m_window->setEnabled(true);
         emit Signal_PluginIsBusy(QString::fromLatin1(FakeTool::kName), false);
-        if (answer != QLatin1String("never-active"))
-            emit Signal_PluginIsActivated(QString::fromLatin1(FakeTool::kName), true);
+        emit Signal_PluginIsActivated(QString::fromLatin1(FakeTool::kName), true);
     });
 }
 

@@ -10,7 +10,6 @@
  *   needdb         can run, needs the NVRAM database
  *   unsupported    cannot run; the reason is FakeTool::kUnsupportedReason
  *   never-enabled  can run, but its window never gets enabled
- *   never-active   can run, but it never emits Signal_PluginIsActivated(true)
  *
  * Built three times: as it should be, with a foreign IID
  * (FAKE_TOOL_WRONG_IID) and with broken metadata (FAKE_TOOL_BAD_METADATA).

@@ -200,37 +200,28 @@ private slots:
         }
     }
 
-    void pluginSignalsReachState()
+    // The plug-in's signals reach the host's state; unloading deletes the
+    // plug-in's instance and its tool window, and the plug-in loads again.
+    void stateAndUnload()
     {
         SHostWithTool tool;
         QVERIFY(tool.loaded);
         QSignalSpy states(&tool.host, &CPluginHost::Signal_StateChanged);
         QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
-
         QTRY_VERIFY(tool.host.IsActivated());
         QStringList seen;
         for (const QList<QVariant> &state : qAsConst(states))
             seen << state.at(0).toString();
         QCOMPARE(seen, (QStringList{"Fake Tool: inactive, busy", "Fake Tool: inactive, idle", "Fake Tool: active, idle"}));
-
         tool.host.HideTool();
         QCOMPARE(tool.host.StateText(), QStringLiteral("Fake Tool: inactive, idle"));
-    }
 
-    void unloadDeletesToolWindow()
-    {
-        SHostWithTool tool;
-        QVERIFY(tool.loaded);
-        QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
         QPointer<QWidget> window = ToolWindow();
         QPointer<QObject> instance = tool.host.PluginObject();
         QVERIFY(window);
-
         tool.host.UnloadPlugin();
         QVERIFY(!instance);
         QVERIFY(!window);
-
-        // It loads again after that.
         QVERIFY(tool.host.LoadPlugin(FAKE_TOOL_PATH));
         QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
     }
@@ -273,8 +264,8 @@ private slots:
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("script");  // "ms:action" steps: show, hide, enable, disable, activate, deactivate
         QTest::addColumn<QString>("missing"); // what the time-out names; empty: ready
-        QTest::newRow("disabled while preparing") << kTitle << "0:show 0:disable 0:activate 300:enable" << "";
         QTest::newRow("activated late") << kTitle << "0:show 400:activate" << "";
+        // (A window disabled while the tool prepares: tst_HostRun.)
         // Shorter than one poll: only the window's own events can tell.
         QTest::newRow("brief disable restarts the wait") << kTitle << "0:show 0:activate 320:disable 325:enable" << "";
         QTest::newRow("hidden and shown again") << kTitle << "0:show 0:activate 300:hide 350:show" << "";

@@ -20,10 +20,8 @@ void ModalBoxCatcher::Poll()
     seen.title = box->windowTitle();
     seen.text = box->text();
     seen.informativeText = box->informativeText();
-    seen.detailedText = box->detailedText();
     seen.icon = box->icon();
     seen.buttons = box->standardButtons();
-    seen.width = box->width();
     m_boxes.append(seen);
 
     if (QAbstractButton *button = box->escapeButton())

@@ -16,10 +16,8 @@ public:
         QString title;
         QString text;
         QString informativeText;
-        QString detailedText;
         QMessageBox::Icon icon = QMessageBox::NoIcon;
         QMessageBox::StandardButtons buttons;
-        int width = 0;
     };
 
     explicit ModalBoxCatcher(QObject *parent = nullptr);

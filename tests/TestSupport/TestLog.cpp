@@ -12,9 +12,8 @@ struct TestLog::Capture::SRecord {
 
 namespace {
 
-// A channel turned on or off by a test; later ones win.
+// A channel of the tool's log turned on or off by a test; later ones win.
 struct SOverride {
-    QString categories;
     QtMsgType type;
     bool enabled;
 };
@@ -28,23 +27,19 @@ QtMessageHandler s_nextHandler = nullptr;
 bool s_handlerInstalled = false;
 QLoggingCategory::CategoryFilter s_rulesFilter = nullptr;
 
-bool Matches(const char *name, const QString &categories)
-{
-    if (categories.endsWith('*'))
-        return QLatin1String(name).startsWith(categories.chopped(1));
-    return QLatin1String(name) == categories;
-}
+// The tool's categories and the default category.
+bool IsToolCategory(const char *name) { return qstrcmp(name, "default") == 0 || qstrncmp(name, "radbench.", 9) == 0; }
 
 // Qt's own filter (the rules of the environment) first, then the tests' overrides.
 void Filter(QLoggingCategory *category)
 {
     if (s_rulesFilter)
         s_rulesFilter(category);
+    if (!IsToolCategory(category->categoryName()))
+        return;
     QMutexLocker lock(&s_mutex);
-    for (const SOverride &override : qAsConst(s_overrides)) {
-        if (Matches(category->categoryName(), override.categories))
-            category->setEnabled(override.type, override.enabled);
-    }
+    for (const SOverride &override : qAsConst(s_overrides))
+        category->setEnabled(override.type, override.enabled);
 }
 
 // Lays the overrides over every category there is, and over those made later.
@@ -80,15 +75,6 @@ void InstallHandler()
     s_handlerInstalled = true;
 }
 
-void AddOverride(const QString &categories, QtMsgType type, bool enabled)
-{
-    {
-        QMutexLocker lock(&s_mutex);
-        s_overrides.append({categories, type, enabled});
-    }
-    ApplyOverrides();
-}
-
 } // namespace
 
 void TestLog::MuteOffscreenPlatformNotes()
@@ -100,15 +86,13 @@ void TestLog::MuteOffscreenPlatformNotes()
     InstallHandler();
 }
 
-void TestLog::SetCategory(const QString &categories, QtMsgType type, bool enabled)
-{
-    AddOverride(categories, type, enabled);
-}
-
 void TestLog::SetChannel(QtMsgType type, bool enabled)
 {
-    AddOverride("default", type, enabled);
-    AddOverride("radbench.*", type, enabled);
+    {
+        QMutexLocker lock(&s_mutex);
+        s_overrides.append({type, enabled});
+    }
+    ApplyOverrides();
 }
 
 TestLog::Capture::Capture(QtMsgType type) : m_record(new SRecord{type, {}})
@@ -139,12 +123,4 @@ QStringList TestLog::Capture::Lines() const
 {
     QMutexLocker lock(&s_mutex);
     return m_record->lines;
-}
-
-int TestLog::Capture::Count(const QString &text) const
-{
-    int count = 0;
-    for (const QString &line : Lines())
-        count += line.contains(text) ? 1 : 0;
-    return count;
 }

@@ -16,19 +16,15 @@ namespace TestLog {
 // propagate size hints; every other message goes on to the test framework.
 void MuteOffscreenPlatformNotes();
 
-// Turns one channel of some categories on or off for the rest of the test.
-// `categories` is a category's name ("radbench.framework") or a prefix
-// followed by "*" ("radbench.*").
-void SetCategory(const QString &categories, QtMsgType type, bool enabled);
-
-// The same for all of the tool's log: its categories ("radbench.*") and the
-// default category, where lines of code not yet moved to a category go.
+// Turns one channel of all of the tool's log on or off for the rest of the
+// test: its categories ("radbench.*") and the default category, where lines
+// of code not yet moved to a category go.
 void SetChannel(QtMsgType type, bool enabled);
 
 // Collects the lines of one channel of the tool's log while it lives, with
 // that channel on meanwhile; they don't reach the test framework's output.
-// Afterwards the channel is as it was before (and what SetCategory or
-// SetChannel changed meanwhile ends with it).
+// Afterwards the channel is as it was before (and what SetChannel changed
+// meanwhile ends with it).
 class Capture {
 public:
     explicit Capture(QtMsgType type);
@@ -37,8 +33,6 @@ public:
     Capture &operator=(const Capture &) = delete;
 
     QStringList Lines() const;
-    // The lines that contain `text`.
-    int Count(const QString &text) const;
 
     struct SRecord;
 
