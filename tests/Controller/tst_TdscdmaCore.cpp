@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include "FakeItems.h"
+#include "JsonPath.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
 
@@ -19,6 +20,24 @@ bool LoadPatched(const QString &profile, const QJsonObject &patch)
 }
 
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
+
+// What a page shows of an RSSI measure.
+const char *const kRssiShown[] = {"rssi", "dspPower", "usedGain"};
+
+// A page's request: the values of group 1 (and group 2) as the page packs
+// them, and the members in which a test's answer is shown.
+QString Request(const char *group1, const char *group2 = nullptr)
+{
+    QJsonObject request{{"group1", QJsonObject{{"memberValue", Json(group1)}}}};
+    if (group2)
+        request.insert("group2", QJsonObject{{"memberValue", Json(group2)}});
+    QJsonObject shown;
+    for (const char *member : kRssiShown)
+        shown.insert(member, QJsonObject{{"trait", QJsonObject{{"defaultValue", ""}}}});
+    const QJsonObject response{{"group1", QJsonObject{{"memberProperty", shown}}}};
+    const QJsonObject model{{"cmdIf", QJsonObject{{"request", request}, {"response", response}}}};
+    return QJsonDocument(model).toJson(QJsonDocument::Compact);
+}
 
 // What a movement of the controller told, in the order it told it.
 struct SMovementLog {
@@ -181,21 +200,77 @@ private slots:
         QTEST(CTdscdmaCore::GetInstance()->GetSupportItem(), "items");
     }
 
-    // An unknown page with a request that is no JSON ends as not executed,
-    // without a call (a page without a test: tst_TestOperations).
-    void testOfUnknownPageEndsNotExecuted()
+    void testsOfPageItems_data()
     {
-        SimScope sim;
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<QString>("request");
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<QStringList>("shown");
+        const QStringList none;
+        QTest::newRow("unknown page, no JSON") << "default" << "Nonsense" << "not json" << "" << 2 << none << none;
+        QTest::newRow("a page without a test") << "default" << "Tpc" << "{}" << "" << 2 << none << none;
+        QTest::newRow("DPCH TX at a fixed power")
+            << "default" << "Dpch TX"
+            << Request(R"({"uarfcn":"10087","afcdac":"4096","apcData":"12","paMode":"Mid","fixPower":"true",)"
+                       R"("wantedPower":"-5"})",
+                       R"({"direction":["UL","DL","DL","DL","DL"],)"
+                       R"("modulation":["QPSK","16QAM","QPSK","QPSK","16QAM"]})")
+            << "" << 0
+            << QStringList{"AST_CAL_apc_start_ex_r(uarfcn=10087,afcDac=4096,paMode=1,apcData=12,directionMask=2,"
+                           "modulationMask=36,fixPowerFlag=1,wantedPower=-5)"}
+            << none;
+        // Channel 9550 receives -85 + (9550 * 37) % 31 = -73 dBm; at gain 49 in
+        // mode Ext2 the target reports -76.125 dBm and a DSP power of -57.125
+        // dBm, which the plain command gives in whole dB, the DSP power above
+        // -100 dBm. (The extended command, in 1/8 dB: tst_TestPages.)
+        const QString rssi =
+            Request(R"({"uarfcn":"9550","afcdac":"4096","mode":"Ext2","gain":"49","agcTracking":"false"})");
+        const QStringList agc{"AST_CAL_agc_r(uarfcn=9550,afcDac=4096,mode=6,gain=49,agcTracking=0)"};
+        QTest::newRow("RSSI, plain command")
+            << "legacy-v1" << "Rssi" << rssi << "" << 0 << agc << QStringList{"-76", "43.00", "49"};
+        QTest::newRow("RSSI, measure fails") << "legacy-v1" << "Rssi" << rssi << "AST_CAL_agc_r" << 3 << agc << none;
+    }
+    // A test becomes its one target command, and its code and answer reach
+    // the asker; an unknown page or one without a test ends as not executed.
+    void testsOfPageItems()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, item);
+        QFETCH(QString, request);
+        QFETCH(QString, failingCall);
+        SimScope sim(profile);
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        core->GetRatSupportStatus(); // the launch asks the capability first
+        TavoSim::ClearCallLog();
+        if (!failingCall.isEmpty())
+            TavoSim::FailOnce(failingCall);
         QObject receiver;
         QVector<SEachItemOperationResult> results;
-        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver,
-                [&results](SEachItemOperationResult result, std::string) { results << result; });
-        core->TestStart("Nonsense", "not json");
+        std::string answer;
+        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver, [&](SEachItemOperationResult result, std::string m) {
+            results << result;
+            answer = m;
+        });
+
+        core->TestStart(item, request.toStdString());
         QTRY_COMPARE(results.size(), 1);
-        QCOMPARE(results[0].itemName, QString("Nonsense"));
-        QCOMPARE(results[0].errorCode, 2);
-        QVERIFY(TavoSim::CallLog().isEmpty());
+        QCOMPARE(results[0].itemName, item);
+        QTEST(results[0].errorCode, "code");
+        QStringList calls;
+        for (const TavoSim::CallRecord &call : TavoSim::CallLog())
+            calls << call.name + "(" + call.args.join(",") + ")";
+        QTEST(calls, "calls");
+        QStringList shown;
+        for (const char *member : kRssiShown) {
+            const QString path = QString("cmdIf.response.group1.memberProperty.%1.trait.defaultValue").arg(member);
+            const QJsonValue value = GetJsonValueConst(Json(answer.c_str()), path);
+            if (IsJsonValueDefined(value))
+                shown << value.toString();
+        }
+        QTEST(shown, "shown");
     }
 
     void movements_data()

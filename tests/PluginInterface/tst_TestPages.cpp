@@ -102,39 +102,41 @@ private slots:
     void failuresLeaveThePageUsable_data()
     {
         QTest::addColumn<QString>("page");
-        QTest::addColumn<bool>("failStop");
+        QTest::addColumn<QString>("button");
         QTest::addColumn<QString>("failingCall");
         QTest::addColumn<QString>("status");
         QTest::addColumn<QString>("boxTitle");
-        QTest::newRow("continuous TX start") << "CTdscdmaContTxDockWidget" << false << "AST_RFTEST_TXOn_r"
+        QTest::newRow("continuous TX start") << "CTdscdmaContTxDockWidget" << "m_start" << "AST_RFTEST_TXOn_r"
                                              << "Cont Tx start failed." << "Cont Tx start failed";
-        QTest::newRow("continuous TX stop") << "CTdscdmaContTxDockWidget" << true << "AST_RFTEST_TXOn_r"
+        QTest::newRow("continuous TX stop") << "CTdscdmaContTxDockWidget" << "m_stop" << "AST_RFTEST_TXOn_r"
                                             << "Cont Tx stop failed." << "Cont Tx stop failed.";
-        QTest::newRow("continuous RX start") << "CTdscdmaContRxDockWidget" << false << "AST_RFTEST_RXOn_r"
+        QTest::newRow("continuous RX start") << "CTdscdmaContRxDockWidget" << "m_start" << "AST_RFTEST_RXOn_r"
                                              << "Cont Rx start failed." << "Cont Rx start failed";
-        QTest::newRow("continuous RX stop") << "CTdscdmaContRxDockWidget" << true << "AST_RFTEST_RXOn_r"
+        QTest::newRow("continuous RX stop") << "CTdscdmaContRxDockWidget" << "m_stop" << "AST_RFTEST_RXOn_r"
                                             << "Cont Rx stop failed." << "Cont Rx stop failed.";
-        QTest::newRow("DPCH TX start") << "CTdscdmaDpchTxDockWidget" << false << "AST_CAL_apc_start_r"
+        QTest::newRow("DPCH TX start") << "CTdscdmaDpchTxDockWidget" << "m_start" << "AST_CAL_apc_start_r"
                                        << "DPCH Tx start failed." << "DPCH TX start failed";
-        QTest::newRow("DPCH TX stop") << "CTdscdmaDpchTxDockWidget" << true << "AST_CAL_stop_r" << "DPCH TX stop failed."
-                                      << "DPCH TX stop failed.";
-        QTest::newRow("RSSI") << "CTdscdmaRssiDockWidget" << false << "AST_CAL_agc_ex_r" << "Rssi test failed."
+        QTest::newRow("DPCH TX stop") << "CTdscdmaDpchTxDockWidget" << "m_stop" << "AST_CAL_stop_r"
+                                      << "DPCH TX stop failed." << "DPCH TX stop failed.";
+        QTest::newRow("RSSI") << "CTdscdmaRssiDockWidget" << "m_start" << "AST_CAL_agc_ex_r" << "Rssi test failed."
                               << "Rssi test failed";
-        QTest::newRow("register read") << "CTdscdmaBBRegDockWidget" << false << "AST_CAL_read_abb_reg_r"
+        QTest::newRow("register read") << "CTdscdmaBBRegDockWidget" << "m_btnRegRead" << "AST_CAL_read_abb_reg_r"
                                        << "Register read failed." << "Register read failed";
+        QTest::newRow("register write") << "CTdscdmaBBRegDockWidget" << "m_btnRegWrite" << "AST_CAL_write_abb_reg_r"
+                                        << "Register write failed." << "Register write failed";
     }
     void failuresLeaveThePageUsable()
     {
         QFETCH(QString, page);
-        QFETCH(bool, failStop);
+        QFETCH(QString, button);
         QFETCH(QString, failingCall);
         QFETCH(QString, status);
         QDockWidget *dock = ShowPage(page);
         QVERIFY(dock);
-        const bool registers = page.contains("BBReg");
-        auto *start = Find<QToolButton>(dock, registers ? "m_btnRegRead" : "m_start");
+        auto *pressed = Find<QToolButton>(dock, button);
+        auto *start = dock->findChild<QToolButton *>("m_start");
         auto *stop = dock->findChild<QToolButton *>("m_stop");
-        if (failStop) {
+        if (pressed == stop) {
             QTest::mouseClick(start, Qt::LeftButton);
             QTRY_VERIFY(stop->isEnabled());
         }
@@ -142,7 +144,7 @@ private slots:
         TavoSim::SetResultText(TAVO_ERR_TIMEOUT, "no answer");
         m_busy->clear();
         ModalBoxCatcher boxes;
-        QTest::mouseClick(failStop ? stop : start, Qt::LeftButton);
+        QTest::mouseClick(pressed, Qt::LeftButton);
         QVERIFY(boxes.WaitFor(1));
         QCOMPARE(Status(), status);
         QTEST(boxes.Boxes()[0].title, "boxTitle");
@@ -152,12 +154,10 @@ private slots:
         QCOMPARE(m_busy->last().at(1).toBool(), false);
 
         // The page is back where the button was pressed.
-        if (failStop) {
-            QVERIFY(!start->isEnabled() && stop->isEnabled());
-        } else {
-            QVERIFY(start->isEnabled());
-            if (stop)
-                QVERIFY(!stop->isEnabled());
+        QVERIFY(pressed->isEnabled());
+        if (stop) {
+            QCOMPARE(start->isEnabled(), pressed == start);
+            QCOMPARE(stop->isEnabled(), pressed == stop);
         }
     }
 
