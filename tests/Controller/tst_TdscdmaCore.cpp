@@ -273,6 +273,31 @@ private slots:
         QTEST(shown, "shown");
     }
 
+    // A target without Ubin mode is armed by the layer 1 reset alone and
+    // released without a call (a target with Ubin mode, and the failures of
+    // both: tests/View/tst_TdscdmaRadbenchForm).
+    void armingWithoutUbinMode_data()
+    {
+        QTest::addColumn<bool>("enable");
+        QTest::addColumn<QStringList>("calls");
+        QTest::newRow("arm") << true << QStringList{"AST_CAL_tl1_reset_r"};
+        QTest::newRow("release") << false << QStringList();
+    }
+    void armingWithoutUbinMode()
+    {
+        QFETCH(bool, enable);
+        SimScope sim("legacy-v1");
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        QObject receiver;
+        QVector<int> codes;
+        connect(core, &CTdscdmaCore::Signal_SetUbinDone, &receiver,
+                [&codes](SEachItemOperationResult result) { codes << result.errorCode; });
+        core->SetUbin(enable);
+        QTRY_COMPARE(codes, QVector<int>{0});
+        QTEST(TavoSim::CallNames().filter(QRegularExpression("^AST_(UBIN|CAL_tl1)")), "calls");
+        QVERIFY(!TavoSim::IsUbinEnabled());
+    }
+
     void movements_data()
     {
         QTest::addColumn<QString>("movement");

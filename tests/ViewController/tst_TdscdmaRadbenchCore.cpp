@@ -20,51 +20,6 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void setUbin_data()
-    {
-        QTest::addColumn<QString>("profile");
-        QTest::addColumn<bool>("enable");
-        QTest::addColumn<QString>("failingCall");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<QStringList>("calls");
-        QTest::addColumn<bool>("ubinAfter");
-        // Arming and releasing, and their failures, as the window shows them:
-        // tests/View/tst_TdscdmaRadbenchForm.
-        QTest::newRow("arm, Ubin refused") << "default" << true << "AST_UBIN_MODE_SETUP_r" << 201 << ""
-                                           << QStringList{"AST_UBIN_MODE_SETUP_r"} << false;
-        QTest::newRow("arm without Ubin mode")
-            << "legacy-v1" << true << "" << 0 << "" << QStringList{"AST_CAL_tl1_reset_r"} << false;
-        QTest::newRow("release without Ubin mode") << "legacy-v1" << false << "" << 0 << "" << QStringList() << false;
-    }
-    void setUbin()
-    {
-        QFETCH(QString, profile);
-        QFETCH(bool, enable);
-        QFETCH(QString, failingCall);
-        SimScope sim(profile);
-        CTdscdmaCore::GetInstance()->IsNeedDb(); // capability known before the log is read
-        TavoSim::ClearCallLog();
-        if (!failingCall.isEmpty())
-            TavoSim::FailAlways(failingCall);
-
-        CTdscdmaRadbenchCore viewController;
-        QSignalSpy done(&viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
-        viewController.SetUbin(enable);
-        QVERIFY(done.wait());
-        const auto result = done.at(0).at(0).value<SEachItemOperationResult>();
-        QTEST(result.errorCode, "code");
-        QTEST(result.errorMessage, "message");
-
-        QStringList targetCalls;
-        for (const QString &name : TavoSim::CallNames()) {
-            if (name.startsWith("AST_UBIN") || name.startsWith("AST_CAL_tl1"))
-                targetCalls << name;
-        }
-        QTEST(targetCalls, "calls");
-        QTEST(TavoSim::IsUbinEnabled(), "ubinAfter");
-    }
-
     void resultsArriveOnTheUserInterfaceThread()
     {
         SimScope sim;
