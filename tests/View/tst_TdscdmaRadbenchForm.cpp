@@ -109,6 +109,9 @@ private slots:
             titles << tabs->tabText(i);
         QCOMPARE(titles, (QStringList{"AFC Control", "Temperature ADC", "RSSI", "PathLoss", "Continuous RX",
                                       "Continuous TX", "DPCH TX", "Baseband Register", "TPC Profile"}));
+        // Each page got its model by its view controller's fetch of its own.
+        const auto pages = form.Pages();
+        QTRY_VERIFY(std::all_of(pages.begin(), pages.end(), [](auto *page) { return page->IsModelReady(); }));
         form.hide();
     }
 

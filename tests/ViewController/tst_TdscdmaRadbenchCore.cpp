@@ -1,4 +1,3 @@
-#include <QJsonDocument>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -8,7 +7,6 @@
 #include "TdscdmaCore.h"
 #include "TdscdmaRadbenchCore.h"
 #include "TestFiles.h"
-#include "TestLog.h"
 
 class TestTdscdmaRadbenchCore : public QObject {
     Q_OBJECT
@@ -110,35 +108,6 @@ private slots:
         viewController.AfcDownloadToFlashStart("{}");
         QVERIFY(download.wait());
         QCOMPARE(download.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("AFC"));
-    }
-
-    void everyPageModelArrivesAsJsonText()
-    {
-        using Fetch = void (CTdscdmaRadbenchCore::*)();
-        using Done = void (CTdscdmaRadbenchCore::*)(std::string);
-        const QVector<QPair<Fetch, Done>> fetches{
-            {&CTdscdmaRadbenchCore::GetContTxDataModel, &CTdscdmaRadbenchCore::Signal_GetContTxDataModelDone},
-            {&CTdscdmaRadbenchCore::GetTpcDataModel, &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone},
-            {&CTdscdmaRadbenchCore::GetPathlossDataModel, &CTdscdmaRadbenchCore::Signal_GetPathlossDataModelDone},
-            {&CTdscdmaRadbenchCore::GetTadcDataModel, &CTdscdmaRadbenchCore::Signal_GetTadcDataModelDone},
-            {&CTdscdmaRadbenchCore::GetContRxDataModel, &CTdscdmaRadbenchCore::Signal_GetContRxDataModelDone},
-            {&CTdscdmaRadbenchCore::GetAfcDataModel, &CTdscdmaRadbenchCore::Signal_GetAfcDataModelDone},
-            {&CTdscdmaRadbenchCore::GetDpchTxDataModel, &CTdscdmaRadbenchCore::Signal_GetDpchTxDataModelDone},
-            {&CTdscdmaRadbenchCore::GetRssiDataModel, &CTdscdmaRadbenchCore::Signal_GetRssiDataModelDone},
-            {&CTdscdmaRadbenchCore::GetBBRegDataModel, &CTdscdmaRadbenchCore::Signal_GetBBRegDataModelDone},
-        };
-        // Models the plug-in does not carry yet are reported on the critical
-        // channel; that is not what this test looks at.
-        TestLog::SetChannel(QtCriticalMsg, false);
-        for (const auto &fetch : fetches) {
-            CTdscdmaRadbenchCore viewController;
-            QVector<std::string> texts;
-            connect(&viewController, fetch.second, this, [&texts](std::string text) { texts << text; });
-            (viewController.*fetch.first)();
-            QTRY_COMPARE(texts.size(), 1);
-            QVERIFY(QJsonDocument::fromJson(QByteArray::fromStdString(texts[0])).isObject());
-        }
-        TestLog::SetChannel(QtCriticalMsg, true);
     }
 };
 
