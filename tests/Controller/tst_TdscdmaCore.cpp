@@ -13,12 +13,6 @@ namespace {
 
 const QString kQueryAdvice = "Please check the SW load stability or connection status of the target and tool.";
 
-// Loads `profile` with `patch` laid over it.
-bool LoadPatched(const QString &profile, const QJsonObject &patch)
-{
-    return TavoSim::LoadProfile(profile) && (patch.isEmpty() || TavoSim::PatchProfile(patch));
-}
-
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
 
 // What a page shows of an RSSI measure.
@@ -108,6 +102,9 @@ private slots:
         QTest::newRow("GSM Ex2 fails after Ex3")
             << "legacy-v1" << none << "TAVO_Rf_QueryMSCapabilityEx2_r" << 3
             << "We cannot get its support status: Failed to get GSM world mode ID info." << kQueryAdvice;
+        // Once the multi-RAT world mode names TD-SCDMA, GSM is not asked.
+        QTest::newRow("multi-RAT decides, GSM unasked")
+            << "default" << none << "TAVO_Rf_QueryMSCapabilityEx3_r" << 1 << "Support" << "";
         QTest::newRow("multi-RAT world mode invalid, GSM decides") << "v1-pathloss-v2" << none << "" << 1 << "Support"
                                                                    << "";
         QTest::newRow("no RAT information at all")
@@ -133,7 +130,7 @@ private slots:
         QFETCH(int, status);
         QFETCH(QString, reason);
         QFETCH(QString, advice);
-        QVERIFY(LoadPatched(profile, patch));
+        QVERIFY(TavoSim::LoadProfile(profile) && (patch.isEmpty() || TavoSim::PatchProfile(patch)));
         if (!failingCall.isEmpty())
             TavoSim::FailAlways(failingCall, TAVO_ERR_TIMEOUT);
 
@@ -143,61 +140,40 @@ private slots:
         QCOMPARE(answer.advice, advice);
     }
 
-    void worldModeOfMultiRatLeavesGsmUnasked()
-    {
-        SimScope sim("default");
-        QCOMPARE(CTdscdmaCore::GetInstance()->GetRatSupportStatus().status, 1);
-        for (const TavoSim::CallRecord &call : TavoSim::CallLog())
-            QVERIFY2(!call.args.join(' ').contains("MSCapability") && !call.name.contains("MSCapability"),
-                     qPrintable(call.name + " " + call.args.join(' ')));
-    }
-
-    void pageListAndDatabaseNeed_data()
+    // Whether the tool needs the database, which of the pages that depend on
+    // the target it offers (the whole list in its order, as tabs:
+    // tests/View/tst_TdscdmaRadbenchForm) and which calibration items.
+    void whatTheTargetIsOffered_data()
     {
         QTest::addColumn<QString>("profile");
         QTest::addColumn<bool>("needDb");
-        QTest::addColumn<QStringList>("pages");
-        const QStringList common{"CTdscdmaRssiDockWidget",  "CTdscdmaPathlossDockWidget", "CTdscdmaContRxDockWidget",
-                                 "CTdscdmaContTxDockWidget", "CTdscdmaDpchTxDockWidget",  "CTdscdmaBBRegDockWidget"};
-        QTest::newRow("default: TADC over NVRAM, structure version 2")
-            << "default" << true
-            << (QStringList{"CTdscdmaAfcDockWidget", "CTdscdmaTadcDockWidget"} + common +
-                QStringList{"CTdscdmaTpcDockWidgetV3"});
+        QTest::addColumn<QStringList>("pages"); // TADC and TPC
+        QTest::addColumn<QStringList>("items");
+        const QString tadc = "CTdscdmaTadcDockWidget";
+        const QString tpc = "CTdscdmaTpcDockWidget";
+        QTest::newRow("TADC over NVRAM, structure version 2")
+            << "default" << true << QStringList{tadc, tpc + "V3"}
+            << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
         QTest::newRow("everything over layer 1")
-            << "modern-l1" << false << (QStringList{"CTdscdmaAfcDockWidget"} + common + QStringList{"CTdscdmaTpcDockWidgetV3"});
-        QTest::newRow("no structure version")
-            << "legacy-v1" << true
-            << (QStringList{"CTdscdmaAfcDockWidget", "CTdscdmaTadcDockWidget"} + common +
-                QStringList{"CTdscdmaTpcDockWidget"});
-        QTest::newRow("structure version 1")
-            << "v1-pathloss-v2" << true
-            << (QStringList{"CTdscdmaAfcDockWidget", "CTdscdmaTadcDockWidget"} + common +
-                QStringList{"CTdscdmaTpcDockWidget"});
+            << "modern-l1" << false << QStringList{tpc + "V3"} << QStringList{"RX Path Loss", "TPC", "Self Cal"};
+        QTest::newRow("no structure version") << "legacy-v1" << true << QStringList{tadc, tpc}
+                                              << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC"};
+        QTest::newRow("structure version 1") << "v1-pathloss-v2" << true << QStringList{tadc, tpc}
+                                             << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
+        QTest::newRow("C2K modem: no items") << "c2k-modem" << true << QStringList{tadc, tpc + "V3"} << QStringList();
     }
-    void pageListAndDatabaseNeed()
+    void whatTheTargetIsOffered()
     {
         QFETCH(QString, profile);
+        QFETCH(QStringList, pages);
         SimScope sim(profile);
         QVERIFY(sim.IsLoaded());
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
         QTEST(core->IsNeedDb(), "needDb");
-        QTEST(core->GetInitPageList(), "pages");
-    }
-
-    void supportItemsFollowStatusAndCapability_data()
-    {
-        QTest::addColumn<QString>("profile");
-        QTest::addColumn<QStringList>("items");
-        QTest::newRow("C2K modem offers nothing") << "c2k-modem" << QStringList();
-        QTest::newRow("default") << "default"
-                                 << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
-        QTest::newRow("AFC and TADC over layer 1") << "modern-l1" << QStringList{"RX Path Loss", "TPC", "Self Cal"};
-    }
-    void supportItemsFollowStatusAndCapability()
-    {
-        QFETCH(QString, profile);
-        SimScope sim(profile);
-        QTEST(CTdscdmaCore::GetInstance()->GetSupportItem(), "items");
+        const QStringList all = core->GetInitPageList();
+        QCOMPARE(all.size(), 7 + pages.size());
+        QCOMPARE(all.filter(QRegularExpression("Tadc|Tpc")), pages);
+        QTEST(core->GetSupportItem(), "items");
     }
 
     void testsOfPageItems_data()
@@ -393,16 +369,6 @@ private slots:
         QTRY_COMPARE(results.size(), 2);
         QCOMPARE(results[1].errorCode, 0);
         QCOMPARE(TavoSim::CallCount("AST_CAL_stop_r"), 1);
-    }
-
-    void itemMapsGiveZeroForUnknownNames()
-    {
-        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-        QCOMPARE(core->PageItemId("Baseband Register"), 8);
-        QCOMPARE(core->PageItemId("no such page"), 0);
-        QCOMPARE(core->CalItemId("Self Cal"), 4);
-        QCOMPARE(core->CalItemId("Error Tdscdma Cal data"), 0);
-        QCOMPARE(core->GetCalItemName(5), QString("Error Tdscdma Cal data"));
     }
 };
 
