@@ -232,6 +232,7 @@ private slots:
         });
 
         core->TestStart(item, request.toStdString());
+        QVERIFY(results.isEmpty()); // the test runs in the pool, never on the user interface thread
         QTRY_COMPARE(results.size(), 1);
         QCOMPARE(results[0].itemName, item);
         QTEST(results[0].errorCode, "code");

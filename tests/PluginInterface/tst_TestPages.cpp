@@ -228,30 +228,6 @@ private slots:
         QCOMPARE(Find<QLabel>(dock, "cmdIf_response_group1_memberProperty_regValue")->text(), QString("4660"));
     }
 
-    void windowStaysResponsiveWhileTheTargetIsSlow()
-    {
-        QDockWidget *dock = ShowPage("CTdscdmaContTxDockWidget");
-        TavoSim::SetLatency("AST_RFTEST_TXOn_r", 1000);
-        QElapsedTimer clock;
-        int ticks = 0;
-        qint64 longestGap = 0;
-        qint64 last = 0;
-        QTimer timer;
-        connect(&timer, &QTimer::timeout, [&] {
-            ++ticks;
-            longestGap = qMax(longestGap, clock.elapsed() - last);
-            last = clock.elapsed();
-        });
-        clock.start();
-        timer.start(10);
-        QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
-        QTRY_COMPARE_WITH_TIMEOUT(Status(), QString("Cont Tx start..."), 5000);
-        timer.stop();
-        // The event loop kept turning all the while the target took a second.
-        QVERIFY2(clock.elapsed() >= 1000, qPrintable(QString::number(clock.elapsed())));
-        QVERIFY2(ticks > 20, qPrintable(QString("ticks %1, longest gap %2 ms").arg(ticks).arg(longestGap)));
-    }
-
 private:
     QDockWidget *ShowPage(const QString &page);
     template <typename W>
