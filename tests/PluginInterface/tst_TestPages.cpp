@@ -90,8 +90,8 @@ private slots:
         QTEST(TavoSim::RadioActivity(), "running");
         QVERIFY(!start->isEnabled() && stop->isEnabled());
         QCOMPARE(m_busy->count(), 2);
-        QCOMPARE(m_busy->at(0).at(1).toBool(), true);
-        QCOMPARE(m_busy->at(1).at(1).toBool(), false);
+        QCOMPARE(m_busy->at(0), (QVariantList{"TDSCDMA Radbench", true}));
+        QCOMPARE(m_busy->at(1), (QVariantList{"TDSCDMA Radbench", false}));
 
         QTest::mouseClick(stop, Qt::LeftButton);
         QTRY_COMPARE(Status(), stopped);
