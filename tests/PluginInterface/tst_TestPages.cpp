@@ -77,7 +77,6 @@ private slots:
         auto *uarfcn = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_uarfcn");
         auto *start = Find<QToolButton>(dock, "m_start");
         auto *stop = Find<QToolButton>(dock, "m_stop");
-        QCOMPARE(band->count(), 8);
 
         band->setCurrentText("2010-2025MHz(a)");
         QCOMPARE(uarfcn->minimum(), 10050);
@@ -201,9 +200,7 @@ private slots:
     void rssiShowsTheMeasure()
     {
         QDockWidget *dock = ShowPage("CTdscdmaRssiDockWidget");
-        auto *mode = Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_mode");
-        QCOMPARE(mode->count(), 8);
-        mode->setCurrentText("Ext2");
+        Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_mode")->setCurrentText("Ext2");
         auto *gain = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_gain");
         gain->setValue(49);
         QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
