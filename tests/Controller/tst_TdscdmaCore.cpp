@@ -141,7 +141,7 @@ private slots:
     }
 
     // Whether the tool needs the database, which of the pages that depend on
-    // the target it offers (the whole list in its order, as tabs:
+    // the target it offers (the list's order: the window's tabs in
     // tests/View/tst_TdscdmaRadbenchForm) and which calibration items.
     void whatTheTargetIsOffered_data()
     {

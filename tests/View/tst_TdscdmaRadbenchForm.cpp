@@ -1,3 +1,4 @@
+#include <QDockWidget>
 #include <QLabel>
 #include <QScopeGuard>
 #include <QStatusBar>
@@ -102,13 +103,11 @@ private slots:
         QVERIFY(TavoSim::IsUbinEnabled());
 
         // Pages stand in the order of the page list, as one stack of tabs.
+        const QStringList pageList = CTdscdmaCore::GetInstance()->GetInitPageList();
         auto *tabs = form.findChild<QTabBar *>();
-        QVERIFY(tabs);
-        QStringList titles;
+        QCOMPARE(tabs->count(), pageList.size());
         for (int i = 0; i < tabs->count(); ++i)
-            titles << tabs->tabText(i);
-        QCOMPARE(titles, (QStringList{"AFC Control", "Temperature ADC", "RSSI", "PathLoss", "Continuous RX",
-                                      "Continuous TX", "DPCH TX", "Baseband Register", "TPC Profile"}));
+            QCOMPARE(tabs->tabText(i), form.findChild<QDockWidget *>(pageList[i])->windowTitle());
         // Each page got its model by its view controller's fetch of its own.
         const auto pages = form.Pages();
         QTRY_VERIFY(std::all_of(pages.begin(), pages.end(), [](auto *page) { return page->IsModelReady(); }));
