@@ -118,9 +118,6 @@ private slots:
         QTest::newRow("capability query fails")
             << "capability-failure" << none << "" << 3 << "Support this RAT but it failed to get its capability info."
             << kQueryAdvice;
-        QTest::newRow("RF capability record fails")
-            << "default" << none << "AST_GetRfCapability_r" << 3
-            << "Support this RAT but it failed to get its capability info." << kQueryAdvice;
     }
     void ratSupportStatus()
     {
