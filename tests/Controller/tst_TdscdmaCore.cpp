@@ -92,7 +92,6 @@ private slots:
         QTest::newRow("multi-RAT query fails")
             << "query-failure" << none << "" << 3
             << "We cannot get its support status: Failed to get multi-RAT world mode ID info." << kQueryAdvice;
-        QTest::newRow("GSM world mode with TD-SCDMA") << "legacy-v1" << none << "" << 1 << "Support" << "";
         QTest::newRow("GSM world mode without TD-SCDMA")
             << "legacy-v1" << Json(R"({"gsm": {"worldMode": ["gsm"]}})") << "" << 2
             << "Not support this RAT from SW GSM world mode ID info." << "";
