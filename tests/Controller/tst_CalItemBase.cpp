@@ -1,23 +1,20 @@
 // The contract every NVRAM calibration item keeps, driven through a minimal
-// item of two records, and the RF chip id recorded into Cal/INI files.
+// item of two records, and the RF chip id and sections of Cal/INI files.
 
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "Capability/GsmRfCapability.h"
-#include "Capability/LteRfCapability.h"
-#include "Capability/TdscdmaCapability.h"
 #include "ErrorCodeInfo.h"
 #include "Items/CalItemByNvramOperation.h"
 #include "TIniFile.h"
 #include "TavoSimControl.h"
+#include "TdscdmaCore.h"
 
 namespace {
 
 const char kTadcLid[] = "NVRAM_EF_AST_TL1_TEMP_DAC_LID";
 const char kCapLid[] = "NVRAM_EF_AST_TL1_CAP_DATA_LID";
-const std::string kSection = "Test item";
 
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
 
@@ -71,24 +68,9 @@ public:
         m_errorMessage.clear();
         return DownloadNvramRecords(isDataValid, [this](CNvramBatch &batch) { Collect(batch); });
     }
-    uint32_t ReadFromFile(TIniFile *file) override
-    {
-        m_errorMessage.clear();
-        isDataValid = false;
-        const uint32_t code = m_rfChipIdRecorder.CheckFileSections(file, {kSection}, m_errorMessage);
-        if (code != ERROR_CODE_SUCCESS)
-            return code;
-        isDataValid = true;
-        return ERROR_CODE_SUCCESS;
-    }
-    uint32_t WriteToFile(TIniFile *file) override
-    {
-        m_errorMessage.clear();
-        if (!file)
-            return ERROR_CODE_FILE_NOT_OPERABLE;
-        m_rfChipIdRecorder.WriteTdscdmaRfChipId(file, kSection);
-        return ERROR_CODE_SUCCESS;
-    }
+    // Files: CRfChipIdRecorder, below.
+    uint32_t ReadFromFile(TIniFile *) override { return ERROR_CODE_SUCCESS; }
+    uint32_t WriteToFile(TIniFile *) override { return ERROR_CODE_SUCCESS; }
 
 private:
     void Collect(CNvramBatch &batch)
@@ -111,13 +93,6 @@ std::pair<QList<int>, uint32_t> OnTarget()
     return {QList<int>(item.adc, item.adc + 8), item.capId};
 }
 
-void ResetCapabilities()
-{
-    CTdscdmaCapability::ResetTdscdmaCapability();
-    CGsmRfCapability::ResetGsmRfCapability();
-    CLteRfCapability::ResetLteRfCapability();
-}
-
 } // namespace
 
 class TestCalItemBase : public QObject {
@@ -128,12 +103,12 @@ private slots:
     {
         QVERIFY(TavoSim::LoadProfile("default"));
         TavoSim::LoadDatabase();
-        ResetCapabilities();
+        CTdscdmaCore::GetInstance()->ResetCapability();
     }
     void cleanup()
     {
         TavoSim::Reset();
-        ResetCapabilities();
+        CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
     void upload_data()
@@ -146,7 +121,6 @@ private slots:
                                      << "TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded";
         QTest::newRow("read fails") << "TAVO_NVRAM_Read_r" << 3
                                     << "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
-        QTest::newRow("read fails, no text") << "TAVO_NVRAM_Read_r, no text" << 3 << "TAVO_RESULT = ";
         QTest::newRow("decompose fails") << "TAVO_NVRAM_DecomposeTadc" << 101
                                          << "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
     }
@@ -160,9 +134,7 @@ private slots:
         if (fault == "database") {
             TavoSim::UnloadDatabase();
         } else if (!fault.isEmpty()) {
-            TavoSim::FailOnce(fault.section(',', 0, 0));
-            if (fault.endsWith("no text"))
-                TavoSim::SetResultText(TAVO_ERR_FAILED, "");
+            TavoSim::FailOnce(fault);
         }
         CTestItem item;
         QCOMPARE(int(item.UploadFromFlash()), code);
@@ -220,40 +192,20 @@ private slots:
         QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
     }
 
-    // No file gives 50, a file without the item's section 51, both with an empty
-    // text; a file with it makes the data valid.
-    void files()
-    {
-        QTemporaryDir dir;
-        CTestItem item;
-        QCOMPARE(int(item.ReadFromFile(nullptr)), 50);
-        QCOMPARE(int(item.WriteToFile(nullptr)), 50);
-        QCOMPARE(item.GetErrorMessage(), QString());
-
-        TIniFile file(dir.filePath("cal.ini"));
-        file.WriteString("Another item", "Key", "1");
-        QCOMPARE(int(item.ReadFromFile(&file)), 51);
-        QCOMPARE(item.GetErrorMessage(), QString());
-        QVERIFY(!item.isDataValid);
-        QCOMPARE(int(item.WriteToFile(&file)), 0);
-        QCOMPARE(int(item.ReadFromFile(&file)), 0);
-        QVERIFY(item.isDataValid);
-    }
-
     void rfChipId_data()
     {
         QTest::addColumn<QJsonObject>("patch");
         QTest::addColumn<QString>("radio");
         QTest::addColumn<QString>("name");
         QTest::newRow("TD-SCDMA 16") << QJsonObject() << "tdscdma" << "TL1D_RF_ID_RFA10";
-        QTest::newRow("TD-SCDMA 0") << Json(R"({"chipId": {"rf": 0}})") << "tdscdma" << "UNKNOWN";
-        QTest::newRow("TD-SCDMA 10, no name") << Json(R"({"chipId": {"rf": 10}})") << "tdscdma" << "";
         QTest::newRow("TD-SCDMA 33") << Json(R"({"chipId": {"rf": 33}})") << "tdscdma" << "Unknown";
         QTest::newRow("GSM") << QJsonObject() << "gsm" << "GSM_RF_ID_RFG3";
         QTest::newRow("FDD") << QJsonObject() << "fdd" << "FDD_RF_ID_RFW2";
         QTest::newRow("LTE") << QJsonObject() << "lte" << "LTE_RF_ID_RFL5";
     }
-    // The chip's name lands under "RF Chip ID" and the file is saved.
+    // The chip's name lands under "RF Chip ID" and the file is saved. A file
+    // read begins with the sections: 50 without a file, 51 when none of the
+    // item's stands in it, with an empty text.
     void rfChipId()
     {
         QFETCH(QJsonObject, patch);
@@ -277,6 +229,13 @@ private slots:
         TIniFile saved(path);
         QVERIFY(saved.IsKeyExist("Band A", "RF Chip ID"));
         QTEST(QString::fromStdString(saved.ReadString("Band A", "RF Chip ID", "-")), "name");
+
+        CRfChipIdRecorder recorder;
+        QString text = "old";
+        QCOMPARE(int(recorder.CheckFileSections(nullptr, {"Band A"}, text)), 50);
+        QCOMPARE(text, QString());
+        QCOMPARE(int(recorder.CheckFileSections(&saved, {"Band B"}, text)), 51);
+        QCOMPARE(int(recorder.CheckFileSections(&saved, {"Band B", "Band A"}, text)), 0);
     }
 };
 

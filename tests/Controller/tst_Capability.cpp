@@ -1,3 +1,6 @@
+#include <algorithm>
+
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QtTest>
 
@@ -8,10 +11,18 @@
 #include "Capability/TdscdmaCapability.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
+#include "TdscdmaDataModelCapUpdater.h"
 
 namespace {
 
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
+
+// The range in MHz of a band's or a band group's name: "1850-1910MHz(b)".
+QPair<int, int> Range(const QString &name)
+{
+    const QStringList bounds = name.section("MHz", 0, 0).split('-');
+    return {bounds.value(0).toInt(), bounds.value(1).toInt()};
+}
 
 QString Flags(const bool *flags, int count)
 {
@@ -75,77 +86,103 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void answersOfEachProfile_data()
+    void answers_data()
     {
         QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("failingCall");
         QTest::addColumn<QString>("answers");
-        QTest::newRow("default") << "default"
+        QTest::newRow("default") << "default" << ""
             << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
                "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-        QTest::newRow("legacy-v1") << "legacy-v1"
+        QTest::newRow("legacy-v1") << "legacy-v1" << ""
             << "bands=11110000 groups=11100 rf=3 tadcByCal=1 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
                "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=1 lte=0/0";
-        QTest::newRow("modern-l1") << "modern-l1"
+        QTest::newRow("modern-l1") << "modern-l1" << ""
             << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
                "clpc=1 selfCal=1/1 tadcL1=1/2 afcL1=1/3 gpsL1=1/3 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=1/0";
-        QTest::newRow("v1-pathloss-v2") << "v1-pathloss-v2"
+        QTest::newRow("v1-pathloss-v2") << "v1-pathloss-v2" << ""
             << "bands=00001110 groups=10010 rf=32 tadcByCal=1 q3=0 rxExt=1 plV3=0 ubin=1 nvram=1/1 agcEx=1 apcEx=0 "
                "clpc=1 selfCal=1/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=1 tadcSingle=1 lte=5/1";
-        QTest::newRow("bare: no option command") << "bare"
-            << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=0 lte=0/0";
-        QTest::newRow("rf-chip-id-zero") << "rf-chip-id-zero"
-            << "bands=11000000 groups=11000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=0 lte=0/0";
-        QTest::newRow("capability-failure: zeros") << "capability-failure"
-            << "bands=00000000 groups=00000 rf=3 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-               "clpc=0 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=0 tadcSingle=1 lte=0/0";
-        QTest::newRow("no-tdscdma: self cal of GSM only") << "no-tdscdma"
+        QTest::newRow("no-tdscdma: self cal of GSM only") << "no-tdscdma" << ""
             << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
                "clpc=1 selfCal=0/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-        QTest::newRow("query-failure: multi-RAT zeros") << "query-failure"
+        // A failed query answers zeros.
+        QTest::newRow("query-failure: multi-RAT") << "query-failure" << ""
             << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
                "clpc=1 selfCal=0/0 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=0 dcxo=0 tadcSum=1 tadcSingle=1 lte=5/1";
+        // The option word is asked by the chip id query and the capability query.
+        QTest::newRow("option word") << "default" << "TAVO_Util_QueryTargetOptionInfo"
+            << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
+               "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("chip id") << "default" << "AST_CAL_get_chipid_r"
+            << "bands=11111111 groups=11111 rf=0 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("RF capability record") << "default" << "AST_GetRfCapability_r"
+            << "bands=00000000 groups=00000 rf=16 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=1 apcEx=1 "
+               "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
+        QTest::newRow("GSM Ex2") << "default" << "TAVO_Rf_QueryMSCapabilityEx2_r"
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=5/1";
+        QTest::newRow("LTE") << "default" << "TAVO_ERf_GetRfCapability_r"
+            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
+               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=0/0";
     }
-    void answersOfEachProfile()
+    // Each query is made once, also when it failed, until a reset.
+    void answers()
     {
         QFETCH(QString, profile);
+        QFETCH(QString, failingCall);
         SimScope sim(profile);
         QVERIFY(sim.IsLoaded());
+        if (!failingCall.isEmpty())
+            TavoSim::FailAlways(failingCall);
         QTEST(AllAnswers(), "answers");
+        const int calls = TavoSim::CallLog().size();
+        if (!failingCall.isEmpty())
+            TavoSim::ClearFaults();
+        QTEST(AllAnswers(), "answers");
+        QCOMPARE(TavoSim::CallLog().size(), calls);
+        if (!failingCall.isEmpty())
+            return;
+        CTdscdmaCore::GetInstance()->ResetCapability();
+        QTEST(AllAnswers(), "answers");
+        QCOMPARE(TavoSim::CallLog().size(), 2 * calls);
     }
 
     void bandsAndGroups_data()
     {
-        QTest::addColumn<QJsonArray>("bandNames");
-        QTest::addColumn<QString>("bands");
-        QTest::addColumn<QString>("groups");
-        // Band a alone: the rf-chip-id-zero profile above.
-        QTest::newRow("b") << QJsonArray{"b"} << "00110000" << "10100";
-        QTest::newRow("c") << QJsonArray{"c"} << "00001000" << "10000";
-        QTest::newRow("d") << QJsonArray{"d"} << "00000100" << "00010";
-        QTest::newRow("f") << QJsonArray{"f"} << "00000010" << "10000";
-        QTest::newRow("e") << QJsonArray{"e"} << "00000001" << "00001";
-        QTest::newRow("none") << QJsonArray{} << "00000000" << "00000";
+        QTest::addColumn<QString>("band");
+        for (const char *band : {"a", "b", "c", "d", "e", "f"})
+            QTest::newRow(band) << band;
     }
+    // A target of one band offers the test bands of that band and the band
+    // groups whose range holds one of them.
     void bandsAndGroups()
     {
-        QFETCH(QJsonArray, bandNames);
-        QFETCH(QString, bands);
+        QFETCH(QString, band);
         SimScope sim("default");
-        QJsonObject tdscdma{{"bands", bandNames}};
-        QVERIFY(TavoSim::PatchProfile(QJsonObject{{"tdscdma", tdscdma}}));
+        QVERIFY(TavoSim::PatchProfile({{"tdscdma", QJsonObject{{"bands", QJsonArray{band}}}}}));
         CTdscdmaCapability capability;
-        QString bandText;
-        for (int i = 0; i < 8; ++i)
-            bandText += capability.IsBandSupported(i) ? '1' : '0';
-        QString groupText;
-        for (int i = 0; i < 5; ++i)
-            groupText += capability.IsBandGroupSupported(i) ? '1' : '0';
-        QCOMPARE(bandText, bands);
-        QTEST(groupText, "groups");
+        const QStringList &bands = CTdscdmaDataModelCapUpdater::BandNames();
+        const QStringList &groups = CTdscdmaDataModelCapUpdater::BandGroupNames();
+        QList<QPair<int, int>> offered;
+        for (int i = 0; i < bands.size(); ++i) {
+            QCOMPARE(capability.IsBandSupported(i), bands[i].endsWith("(" + band + ")"));
+            if (capability.IsBandSupported(i))
+                offered << Range(bands[i]);
+        }
+        for (int i = 0; i < groups.size(); ++i) {
+            const QPair<int, int> group = Range(groups[i]);
+            const bool holds = std::any_of(offered.begin(), offered.end(), [&group](const QPair<int, int> &range) {
+                return range.first >= group.first && range.second <= group.second;
+            });
+            QCOMPARE(capability.IsBandGroupSupported(i), holds);
+        }
+        QVERIFY(!capability.IsBandSupported(-1) && !capability.IsBandSupported(bands.size()));
+        QVERIFY(!capability.IsBandGroupSupported(-1) && !capability.IsBandGroupSupported(groups.size()));
     }
 
+    // Mode 1 and an invalid field: the profiles' answers above.
     void txClpcMode_data()
     {
         QTest::addColumn<QJsonObject>("patch");
@@ -153,13 +190,8 @@ private slots:
         QTest::addColumn<int>("nvramVersion");
         QTest::addColumn<bool>("ubin");
         QTest::newRow("value 0") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 0}}})") << 0 << 2 << true;
-        QTest::newRow("value 1") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 1}}})") << 1 << 2 << true;
         QTest::newRow("value 5") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": 5}}})") << 2 << 2 << true;
-        QTest::newRow("field invalid") << Json(R"({"tdscdma": {"rfCapability": {"txClpcMode": null}}})") << 0 << 2
-                                       << true;
         QTest::newRow("no RF capability record") << Json(R"({"tdscdma": {"rfCapability": null}})") << 0 << 0 << false;
-        QTest::newRow("structure version 3") << Json(R"({"tdscdma": {"rfCapability": {"nvramVersion": 3}}})") << 1
-                                             << 3 << true;
     }
     void txClpcMode()
     {
@@ -173,76 +205,6 @@ private slots:
         QTEST(capability.IsUbinSupported(), "ubin");
         if (nvramVersion == 0)
             QCOMPARE(TavoSim::CallCount("AST_GetRfCapability_r"), 0);
-    }
-
-    void bandIndexOutOfRange()
-    {
-        SimScope sim("default");
-        CTdscdmaCapability capability;
-        QVERIFY(capability.IsBandSupported(7));
-        QVERIFY(!capability.IsBandSupported(8));
-        QVERIFY(!capability.IsBandSupported(-1));
-        QVERIFY(capability.IsBandGroupSupported(4));
-        QVERIFY(!capability.IsBandGroupSupported(5));
-    }
-
-    void answersAreAskedOnceUntilReset_data()
-    {
-        QTest::addColumn<QString>("profile");
-        QTest::newRow("default") << "default";
-        QTest::newRow("legacy-v1") << "legacy-v1";
-        QTest::newRow("query-failure") << "query-failure";
-        QTest::newRow("bare") << "bare";
-    }
-    void answersAreAskedOnceUntilReset()
-    {
-        QFETCH(QString, profile);
-        SimScope sim(profile);
-
-        const QString first = AllAnswers();
-        const int calls = TavoSim::CallLog().size();
-        QVERIFY(calls > 0);
-        QCOMPARE(AllAnswers(), first);
-        QCOMPARE(TavoSim::CallLog().size(), calls);
-
-        CTdscdmaCore::GetInstance()->ResetCapability();
-        QCOMPARE(AllAnswers(), first);
-        QCOMPARE(TavoSim::CallLog().size(), 2 * calls);
-    }
-
-    void failedQueryGivesZeros_data()
-    {
-        QTest::addColumn<QString>("failingCall");
-        QTest::addColumn<int>("asked");
-        QTest::addColumn<QString>("answers");
-        // The option word is asked by the chip id query and the capability query.
-        QTest::newRow("option word") << "TAVO_Util_QueryTargetOptionInfo" << 2
-            << "bands=00000000 groups=00000 rf=0 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=0 apcEx=0 "
-               "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-        QTest::newRow("chip id") << "AST_CAL_get_chipid_r" << 1
-            << "bands=11111111 groups=11111 rf=0 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-        QTest::newRow("RF capability record") << "AST_GetRfCapability_r" << 1
-            << "bands=00000000 groups=00000 rf=16 tadcByCal=0 q3=0 rxExt=0 plV3=0 ubin=0 nvram=0/0 agcEx=1 apcEx=1 "
-               "clpc=0 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=5/1";
-        QTest::newRow("GSM Ex2") << "TAVO_Rf_QueryMSCapabilityEx2_r" << 1
-            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=0 tadcSingle=0 lte=5/1";
-        QTest::newRow("LTE") << "TAVO_ERf_GetRfCapability_r" << 1
-            << "bands=11111111 groups=11111 rf=16 tadcByCal=0 q3=1 rxExt=1 plV3=1 ubin=1 nvram=1/2 agcEx=1 apcEx=1 "
-               "clpc=1 selfCal=1/1 tadcL1=0/0 afcL1=0/0 gpsL1=0/0 mmrfSelfCal=1 dcxo=1 tadcSum=1 tadcSingle=1 lte=0/0";
-    }
-    void failedQueryGivesZeros()
-    {
-        QFETCH(QString, failingCall);
-        QFETCH(QString, answers);
-        SimScope sim("default");
-        TavoSim::FailAlways(failingCall);
-        QCOMPARE(AllAnswers(), answers);
-        // A failed query is not repeated before a reset.
-        TavoSim::ClearFaults();
-        QCOMPARE(AllAnswers(), answers);
-        QTEST(TavoSim::CallCount(failingCall), "asked");
     }
 
     void rfIdsAreAskedEachTime()

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include "FakeItems.h"
+#include "JsonPath.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
 
@@ -12,13 +13,25 @@ namespace {
 
 const QString kQueryAdvice = "Please check the SW load stability or connection status of the target and tool.";
 
-// Loads `profile` with `patch` laid over it.
-bool LoadPatched(const QString &profile, const QJsonObject &patch)
-{
-    return TavoSim::LoadProfile(profile) && (patch.isEmpty() || TavoSim::PatchProfile(patch));
-}
-
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
+
+// What a page shows of an RSSI measure.
+const char *const kRssiShown[] = {"rssi", "dspPower", "usedGain"};
+
+// A page's request: the values of group 1 (and group 2) as the page packs
+// them, and the members in which a test's answer is shown.
+QString Request(const char *group1, const char *group2 = nullptr)
+{
+    QJsonObject request{{"group1", QJsonObject{{"memberValue", Json(group1)}}}};
+    if (group2)
+        request.insert("group2", QJsonObject{{"memberValue", Json(group2)}});
+    QJsonObject shown;
+    for (const char *member : kRssiShown)
+        shown.insert(member, QJsonObject{{"trait", QJsonObject{{"defaultValue", ""}}}});
+    const QJsonObject response{{"group1", QJsonObject{{"memberProperty", shown}}}};
+    const QJsonObject model{{"cmdIf", QJsonObject{{"request", request}, {"response", response}}}};
+    return QJsonDocument(model).toJson(QJsonDocument::Compact);
+}
 
 // What a movement of the controller told, in the order it told it.
 struct SMovementLog {
@@ -79,7 +92,6 @@ private slots:
         QTest::newRow("multi-RAT query fails")
             << "query-failure" << none << "" << 3
             << "We cannot get its support status: Failed to get multi-RAT world mode ID info." << kQueryAdvice;
-        QTest::newRow("GSM world mode with TD-SCDMA") << "legacy-v1" << none << "" << 1 << "Support" << "";
         QTest::newRow("GSM world mode without TD-SCDMA")
             << "legacy-v1" << Json(R"({"gsm": {"worldMode": ["gsm"]}})") << "" << 2
             << "Not support this RAT from SW GSM world mode ID info." << "";
@@ -89,6 +101,9 @@ private slots:
         QTest::newRow("GSM Ex2 fails after Ex3")
             << "legacy-v1" << none << "TAVO_Rf_QueryMSCapabilityEx2_r" << 3
             << "We cannot get its support status: Failed to get GSM world mode ID info." << kQueryAdvice;
+        // Once the multi-RAT world mode names TD-SCDMA, GSM is not asked.
+        QTest::newRow("multi-RAT decides, GSM unasked")
+            << "default" << none << "TAVO_Rf_QueryMSCapabilityEx3_r" << 1 << "Support" << "";
         QTest::newRow("multi-RAT world mode invalid, GSM decides") << "v1-pathloss-v2" << none << "" << 1 << "Support"
                                                                    << "";
         QTest::newRow("no RAT information at all")
@@ -102,9 +117,6 @@ private slots:
         QTest::newRow("capability query fails")
             << "capability-failure" << none << "" << 3 << "Support this RAT but it failed to get its capability info."
             << kQueryAdvice;
-        QTest::newRow("RF capability record fails")
-            << "default" << none << "AST_GetRfCapability_r" << 3
-            << "Support this RAT but it failed to get its capability info." << kQueryAdvice;
     }
     void ratSupportStatus()
     {
@@ -114,7 +126,7 @@ private slots:
         QFETCH(int, status);
         QFETCH(QString, reason);
         QFETCH(QString, advice);
-        QVERIFY(LoadPatched(profile, patch));
+        QVERIFY(TavoSim::LoadProfile(profile) && (patch.isEmpty() || TavoSim::PatchProfile(patch)));
         if (!failingCall.isEmpty())
             TavoSim::FailAlways(failingCall, TAVO_ERR_TIMEOUT);
 
@@ -124,78 +136,139 @@ private slots:
         QCOMPARE(answer.advice, advice);
     }
 
-    void worldModeOfMultiRatLeavesGsmUnasked()
-    {
-        SimScope sim("default");
-        QCOMPARE(CTdscdmaCore::GetInstance()->GetRatSupportStatus().status, 1);
-        for (const TavoSim::CallRecord &call : TavoSim::CallLog())
-            QVERIFY2(!call.args.join(' ').contains("MSCapability") && !call.name.contains("MSCapability"),
-                     qPrintable(call.name + " " + call.args.join(' ')));
-    }
-
-    void pageListAndDatabaseNeed_data()
+    // Whether the tool needs the database, which of the pages that depend on
+    // the target it offers (the list's order: the window's tabs in
+    // tests/View/tst_TdscdmaRadbenchForm) and which calibration items.
+    void whatTheTargetIsOffered_data()
     {
         QTest::addColumn<QString>("profile");
         QTest::addColumn<bool>("needDb");
-        QTest::addColumn<QStringList>("pages");
-        const QStringList common{"CTdscdmaRssiDockWidget",  "CTdscdmaPathlossDockWidget", "CTdscdmaContRxDockWidget",
-                                 "CTdscdmaContTxDockWidget", "CTdscdmaDpchTxDockWidget",  "CTdscdmaBBRegDockWidget"};
-        QTest::newRow("default: TADC over NVRAM, structure version 2")
-            << "default" << true
-            << (QStringList{"CTdscdmaAfcDockWidget", "CTdscdmaTadcDockWidget"} + common +
-                QStringList{"CTdscdmaTpcDockWidgetV3"});
+        QTest::addColumn<QStringList>("pages"); // TADC and TPC
+        QTest::addColumn<QStringList>("items");
+        const QString tadc = "CTdscdmaTadcDockWidget";
+        const QString tpc = "CTdscdmaTpcDockWidget";
+        QTest::newRow("TADC over NVRAM, structure version 2")
+            << "default" << true << QStringList{tadc, tpc + "V3"}
+            << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
         QTest::newRow("everything over layer 1")
-            << "modern-l1" << false << (QStringList{"CTdscdmaAfcDockWidget"} + common + QStringList{"CTdscdmaTpcDockWidgetV3"});
-        QTest::newRow("no structure version")
-            << "legacy-v1" << true
-            << (QStringList{"CTdscdmaAfcDockWidget", "CTdscdmaTadcDockWidget"} + common +
-                QStringList{"CTdscdmaTpcDockWidget"});
-        QTest::newRow("structure version 1")
-            << "v1-pathloss-v2" << true
-            << (QStringList{"CTdscdmaAfcDockWidget", "CTdscdmaTadcDockWidget"} + common +
-                QStringList{"CTdscdmaTpcDockWidget"});
+            << "modern-l1" << false << QStringList{tpc + "V3"} << QStringList{"RX Path Loss", "TPC", "Self Cal"};
+        QTest::newRow("no structure version") << "legacy-v1" << true << QStringList{tadc, tpc}
+                                              << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC"};
+        QTest::newRow("structure version 1") << "v1-pathloss-v2" << true << QStringList{tadc, tpc}
+                                             << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
+        QTest::newRow("C2K modem: no items") << "c2k-modem" << true << QStringList{tadc, tpc + "V3"} << QStringList();
     }
-    void pageListAndDatabaseNeed()
+    void whatTheTargetIsOffered()
     {
         QFETCH(QString, profile);
+        QFETCH(QStringList, pages);
         SimScope sim(profile);
         QVERIFY(sim.IsLoaded());
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
         QTEST(core->IsNeedDb(), "needDb");
-        QTEST(core->GetInitPageList(), "pages");
+        const QStringList all = core->GetInitPageList();
+        QCOMPARE(all.size(), 7 + pages.size());
+        QCOMPARE(all.filter(QRegularExpression("Tadc|Tpc")), pages);
+        QTEST(core->GetSupportItem(), "items");
     }
 
-    void supportItemsFollowStatusAndCapability_data()
+    void testsOfPageItems_data()
     {
         QTest::addColumn<QString>("profile");
-        QTest::addColumn<QStringList>("items");
-        QTest::newRow("C2K modem offers nothing") << "c2k-modem" << QStringList();
-        QTest::newRow("default") << "default"
-                                 << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
-        QTest::newRow("AFC and TADC over layer 1") << "modern-l1" << QStringList{"RX Path Loss", "TPC", "Self Cal"};
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<QString>("request");
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QStringList>("calls");
+        QTest::addColumn<QStringList>("shown");
+        const QStringList none;
+        QTest::newRow("unknown page, no JSON") << "default" << "Nonsense" << "not json" << "" << 2 << none << none;
+        QTest::newRow("a page without a test") << "default" << "Tpc" << "{}" << "" << 2 << none << none;
+        QTest::newRow("DPCH TX at a fixed power")
+            << "default" << "Dpch TX"
+            << Request(R"({"uarfcn":"10087","afcdac":"4096","apcData":"12","paMode":"Mid","fixPower":"true",)"
+                       R"("wantedPower":"-5"})",
+                       R"({"direction":["UL","DL","DL","DL","DL"],)"
+                       R"("modulation":["QPSK","16QAM","QPSK","QPSK","16QAM"]})")
+            << "" << 0
+            << QStringList{"AST_CAL_apc_start_ex_r(uarfcn=10087,afcDac=4096,paMode=1,apcData=12,directionMask=2,"
+                           "modulationMask=36,fixPowerFlag=1,wantedPower=-5)"}
+            << none;
+        // Channel 9550 receives -85 + (9550 * 37) % 31 = -73 dBm; at gain 49 in
+        // mode Ext2 the target reports -76.125 dBm and a DSP power of -57.125
+        // dBm, which the plain command gives in whole dB, the DSP power above
+        // -100 dBm. (The extended command, in 1/8 dB: tst_TestPages.)
+        const QString rssi =
+            Request(R"({"uarfcn":"9550","afcdac":"4096","mode":"Ext2","gain":"49","agcTracking":"false"})");
+        const QStringList agc{"AST_CAL_agc_r(uarfcn=9550,afcDac=4096,mode=6,gain=49,agcTracking=0)"};
+        QTest::newRow("RSSI, plain command")
+            << "legacy-v1" << "Rssi" << rssi << "" << 0 << agc << QStringList{"-76", "43.00", "49"};
+        QTest::newRow("RSSI, measure fails") << "legacy-v1" << "Rssi" << rssi << "AST_CAL_agc_r" << 3 << agc << none;
     }
-    void supportItemsFollowStatusAndCapability()
+    // A test becomes its one target command, and its code and answer reach
+    // the asker; an unknown page or one without a test ends as not executed.
+    void testsOfPageItems()
     {
         QFETCH(QString, profile);
+        QFETCH(QString, item);
+        QFETCH(QString, request);
+        QFETCH(QString, failingCall);
         SimScope sim(profile);
-        QTEST(CTdscdmaCore::GetInstance()->GetSupportItem(), "items");
-    }
-
-    // An unknown page with a request that is no JSON ends as not executed,
-    // without a call (a page without a test: tst_TestOperations).
-    void testOfUnknownPageEndsNotExecuted()
-    {
-        SimScope sim;
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        core->GetRatSupportStatus(); // the launch asks the capability first
+        TavoSim::ClearCallLog();
+        if (!failingCall.isEmpty())
+            TavoSim::FailOnce(failingCall);
         QObject receiver;
         QVector<SEachItemOperationResult> results;
-        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver,
-                [&results](SEachItemOperationResult result, std::string) { results << result; });
-        core->TestStart("Nonsense", "not json");
+        std::string answer;
+        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver, [&](SEachItemOperationResult result, std::string m) {
+            results << result;
+            answer = m;
+        });
+
+        core->TestStart(item, request.toStdString());
+        QVERIFY(results.isEmpty()); // the test runs in the pool, never on the user interface thread
         QTRY_COMPARE(results.size(), 1);
-        QCOMPARE(results[0].itemName, QString("Nonsense"));
-        QCOMPARE(results[0].errorCode, 2);
-        QVERIFY(TavoSim::CallLog().isEmpty());
+        QCOMPARE(results[0].itemName, item);
+        QTEST(results[0].errorCode, "code");
+        QStringList calls;
+        for (const TavoSim::CallRecord &call : TavoSim::CallLog())
+            calls << call.name + "(" + call.args.join(",") + ")";
+        QTEST(calls, "calls");
+        QStringList shown;
+        for (const char *member : kRssiShown) {
+            const QString path = QString("cmdIf.response.group1.memberProperty.%1.trait.defaultValue").arg(member);
+            const QJsonValue value = GetJsonValueConst(Json(answer.c_str()), path);
+            if (IsJsonValueDefined(value))
+                shown << value.toString();
+        }
+        QTEST(shown, "shown");
+    }
+
+    // A target without Ubin mode is armed by the layer 1 reset alone and
+    // released without a call (a target with Ubin mode, and the failures of
+    // both: tests/View/tst_TdscdmaRadbenchForm).
+    void armingWithoutUbinMode_data()
+    {
+        QTest::addColumn<bool>("enable");
+        QTest::addColumn<QStringList>("calls");
+        QTest::newRow("arm") << true << QStringList{"AST_CAL_tl1_reset_r"};
+        QTest::newRow("release") << false << QStringList();
+    }
+    void armingWithoutUbinMode()
+    {
+        QFETCH(bool, enable);
+        SimScope sim("legacy-v1");
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        QObject receiver;
+        QVector<int> codes;
+        connect(core, &CTdscdmaCore::Signal_SetUbinDone, &receiver,
+                [&codes](SEachItemOperationResult result) { codes << result.errorCode; });
+        core->SetUbin(enable);
+        QTRY_COMPARE(codes, QVector<int>{0});
+        QTEST(TavoSim::CallNames().filter(QRegularExpression("^AST_(UBIN|CAL_tl1)")), "calls");
+        QVERIFY(!TavoSim::IsUbinEnabled());
     }
 
     void movements_data()
@@ -293,16 +366,6 @@ private slots:
         QTRY_COMPARE(results.size(), 2);
         QCOMPARE(results[1].errorCode, 0);
         QCOMPARE(TavoSim::CallCount("AST_CAL_stop_r"), 1);
-    }
-
-    void itemMapsGiveZeroForUnknownNames()
-    {
-        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-        QCOMPARE(core->PageItemId("Baseband Register"), 8);
-        QCOMPARE(core->PageItemId("no such page"), 0);
-        QCOMPARE(core->CalItemId("Self Cal"), 4);
-        QCOMPARE(core->CalItemId("Error Tdscdma Cal data"), 0);
-        QCOMPARE(core->GetCalItemName(5), QString("Error Tdscdma Cal data"));
     }
 };
 
