@@ -2,6 +2,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
+#include <QTextCodec>
 
 #include <cstdio>
 #include <cstdlib>
@@ -52,8 +54,16 @@ bool TIniFile::Load()
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly))
         return false;
-    const QByteArray data = file.readAll();
+    QByteArray data = file.readAll();
     file.close();
+    // A file written in an 8-bit code page is no UTF-8: the parser would put
+    // replacement characters where its letters were and a save would lose
+    // them. It is read byte for byte as Latin-1 and saved back the same way.
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForMib(106)->toUnicode(data.constData(), data.size(), &state);
+    m_latin1 = state.invalidChars > 0;
+    if (m_latin1)
+        data = QString::fromLatin1(data).toUtf8();
     if (m_parser->LoadData(data.constData(), size_t(data.size())) < 0) {
         m_parser->Reset();
         return false;
@@ -175,10 +185,11 @@ bool TIniFile::Save()
     std::string text;
     if (m_path.isEmpty() || m_parser->Save(text, /*addSignature*/ false) < 0)
         return false;
-    QFile file(m_path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const bool written = file.write(text.data(), qint64(text.size())) == qint64(text.size());
-    file.close();
-    return written && file.error() == QFileDevice::NoError;
+    const QByteArray bytes =
+        m_latin1 ? QString::fromUtf8(text.data(), int(text.size())).toLatin1() : QByteArray::fromStdString(text);
+    // The old content stays until the new one is complete on disk. Where the
+    // folder takes no new files, the file is written in place.
+    QSaveFile file(m_path);
+    file.setDirectWriteFallback(true);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }

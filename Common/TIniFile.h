@@ -5,7 +5,8 @@
 #include <memory>
 #include <string>
 
-// A Cal/INI file: sections of "key = value" lines in UTF-8. Section and key
+// A Cal/INI file: sections of "key = value" lines in UTF-8 (a file that is
+// no UTF-8 is taken as Latin-1 and kept so, byte for byte). Section and key
 // names compare without regard to (ASCII) case; a byte order mark is skipped
 // on reading and never written.
 //
@@ -64,4 +65,5 @@ private:
     std::unique_ptr<Parser> m_parser;
     QString m_path;
     bool m_loaded = false;
+    bool m_latin1 = false; // the file on disk is no UTF-8
 };

@@ -142,6 +142,9 @@ private slots:
             << QList<QByteArray>({"[AFC]", "cap = 1", "[tpc]", "Min = 0", "MAX = 6", "[RX]", "loss = 3"});
         QTest::newRow("byte order mark and CRLF are not written back")
             << QByteArray("\xEF\xBB\xBF[AFC]\r\ncap = 1\r\n") << QList<QByteArray>({"[AFC]", "cap = 1", "[TPC]", "MAX = 6"});
+        QTest::newRow("letters of an 8-bit code page keep their bytes")
+            << QByteArray("[AFC]\n; f\xFCr B\xE4nder\ncap = 1\nname = M\xFCller\n")
+            << QList<QByteArray>({"[AFC]", "; f\xFCr B\xE4nder", "cap = 1", "name = M\xFCller", "[TPC]", "MAX = 6"});
     }
     void saveKeepsWhatWasNotWritten()
     {
