@@ -171,7 +171,7 @@ void CTdscdmaCore::ResetCapability()
 bool CTdscdmaCore::IsNeedDb()
 {
     const bool allByL1 = m_mmrfCapObj.IsAfcByL1() && m_mmrfCapObj.IsTadcByL1() &&
-                         m_tdscdmaCapObj.IsNvramVerValid() && m_tdscdmaCapObj.GetNvramVerNum() == 2;
+                         m_tdscdmaCapObj.IsNvramVerValid() && m_tdscdmaCapObj.GetNvramVerNum() == FTA_AST_TL1_NVRAM_VERSION_TWO;
     return !allByL1;
 }
 

@@ -7,6 +7,10 @@
 #include "CapabilityQueryStatus.h"
 #include "TavoTargetAccess.h"
 
+// The NVRAM structure version of targets whose layer 1 serves the TPC data
+// by dedicated commands.
+constexpr uint32_t FTA_AST_TL1_NVRAM_VERSION_TWO = 2;
+
 // What the target can do on TD-SCDMA. Holds no instance data: every query
 // runs once and lands in static storage shared by all instances, until
 // ResetTdscdmaCapability.

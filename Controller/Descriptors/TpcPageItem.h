@@ -16,7 +16,7 @@ public:
     SPageModel Model() override;
 
 private:
-    bool IsVersion2() { return m_capability.GetNvramVerNum() == 2; }
+    bool IsVersion2() { return m_capability.GetNvramVerNum() == FTA_AST_TL1_NVRAM_VERSION_TWO; }
 
     CTdscdmaTpc &m_tpcObj;
     CTdscdmaCapability m_capability;
