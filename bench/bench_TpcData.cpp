@@ -7,6 +7,7 @@
 
 #include "Descriptors/TpcCalItem.h"
 #include "TIniFile.h"
+#include "TavoApp.h"
 #include "TavoTargetAccess.h"
 #include "TavoSimControl.h"
 #include "TdscdmaCore.h"

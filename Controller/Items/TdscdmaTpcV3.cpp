@@ -6,6 +6,7 @@
 
 #include "ErrorCodeInfo.h"
 #include "TIniFile.h"
+#include "TavoApp.h"
 
 namespace {
 
