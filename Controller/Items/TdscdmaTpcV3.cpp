@@ -12,13 +12,8 @@ namespace {
 
 constexpr uint32_t kTimeoutMs = 10000;
 constexpr uint16_t kVersion = 2;
-constexpr uint16_t kNvramOperSuccess = 30;
-constexpr int kHeadSize = 8;
-
-constexpr uint16_t kTxDacRead = 0xABC8;
-constexpr uint16_t kTxDacWrite = 0xABC9;
-constexpr uint16_t kTxClpcRead = 0xABC6;
-constexpr uint16_t kTxClpcWrite = 0xABC7;
+constexpr uint16_t kNvramOperSuccess = AST_TAVO_NVRAM_OPER_SUCCESS;
+constexpr int kHeadSize = AST_TAVO_NVRAM_TX_HEAD_SIZE;
 
 // What follows the head of a TX DAC command: the record and the two offsets.
 struct STxDacPayload {
@@ -26,7 +21,7 @@ struct STxDacPayload {
     int16_t wantedPowerOffset;
     int16_t paMidPowerOffset;
 };
-static_assert(sizeof(STxDacPayload) == 232, "TX DAC command payload");
+static_assert(sizeof(STxDacPayload) + AST_TAVO_NVRAM_TX_HEAD_SIZE == AST_TAVO_NVRAM_TX_DAC_SIZE, "TX DAC command");
 
 } // namespace
 
@@ -65,7 +60,7 @@ uint32_t CTdscdmaTpcV3::UploadFromFlash()
         if (!IsBandSupported(band))
             continue;
         STxDacPayload txDac = {};
-        uint32_t code = Exchange(false, band, kTxDacRead, nullptr, &txDac, sizeof txDac);
+        uint32_t code = Exchange(false, band, AST_TAVO_NVRAM_TX_DAC_READ, nullptr, &txDac, sizeof txDac);
         if (code != ERROR_CODE_SUCCESS)
             return code;
         STdscdmaUITpcDataByBand &data = m_bandData[size_t(band)];
@@ -73,7 +68,7 @@ uint32_t CTdscdmaTpcV3::UploadFromFlash()
         m_wantedPowerOffset[size_t(band)] = txDac.wantedPowerOffset;
         m_paMidPowerOffset[size_t(band)] = txDac.paMidPowerOffset;
         if (HasTxClpc()) {
-            code = Exchange(false, band, kTxClpcRead, nullptr, &data.txClpc, sizeof data.txClpc);
+            code = Exchange(false, band, AST_TAVO_NVRAM_TX_CLPC_READ, nullptr, &data.txClpc, sizeof data.txClpc);
             if (code != ERROR_CODE_SUCCESS)
                 return code;
         }
@@ -93,9 +88,9 @@ uint32_t CTdscdmaTpcV3::DownloadToFlash()
             continue;
         const STdscdmaUITpcDataByBand &data = m_bandData[size_t(band)];
         const STxDacPayload txDac = {data.txDac, m_wantedPowerOffset[size_t(band)], m_paMidPowerOffset[size_t(band)]};
-        uint32_t code = Exchange(true, band, kTxDacWrite, &txDac, nullptr, sizeof txDac);
+        uint32_t code = Exchange(true, band, AST_TAVO_NVRAM_TX_DAC_WRITE, &txDac, nullptr, sizeof txDac);
         if (code == ERROR_CODE_SUCCESS && HasTxClpc())
-            code = Exchange(true, band, kTxClpcWrite, &data.txClpc, nullptr, sizeof data.txClpc);
+            code = Exchange(true, band, AST_TAVO_NVRAM_TX_CLPC_WRITE, &data.txClpc, nullptr, sizeof data.txClpc);
         if (code != ERROR_CODE_SUCCESS)
             return code;
     }
