@@ -239,6 +239,10 @@ private slots:
                                  << failed << QList<bool>{true, true, true, true, true} << 0;
         QTest::newRow("command read of band 2") << "commands" << "upload" << "AST_Tavo_NVRAM_TX_Read_r"
                                                 << QStringList{"band=2"} << 3 << "" << QList<bool>{true, true, false, false, false} << 0;
+        // The target stops keeping TX CLPC data after the tool looked.
+        QTest::newRow("command refused") << "commands" << "upload" << "closed loop gone" << QStringList() << 1
+                                         << "result code != NVRAM_OPER_SUCCESS\nresult_code:31\nNVRAM_OPER_SUCCESS:30"
+                                         << none << 0;
         QTest::newRow("command write of band 1") << "commands" << "download" << "AST_Tavo_NVRAM_TX_Write_r"
                                                  << QStringList{"band=1"} << 3 << ""
                                                  << QList<bool>{true, true, true, true, true} << 0;
@@ -264,10 +268,15 @@ private slots:
             for (int band = 0; band < kBands; ++band)
                 item.SetBandData(band, Pattern(band));
         }
-        if (call == "database")
+        if (call == "database") {
             TavoSim::UnloadDatabase();
-        else
+        } else if (call == "closed loop gone") {
+            QCOMPARE(CTdscdmaCapability().GetTxClpcMode(), 1);
+            const QJsonObject open{{"rfCapability", QJsonObject{{"txClpcMode", 0}}}};
+            QVERIFY(TavoSim::PatchProfile({{"tdscdma", open}}));
+        } else {
             TavoSim::InjectFault({call, args, TAVO_ERR_FAILED, 1});
+        }
 
         const uint32_t code = movement == "upload" ? item.UploadFromFlash() : item.DownloadToFlash();
         QTEST(int(code), "code");
