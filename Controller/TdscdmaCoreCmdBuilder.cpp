@@ -3,7 +3,12 @@
 #include <QJsonArray>
 #include <QStringList>
 
+#include <cmath>
+#include <cstddef>
+
+#include "Items/TdscdmaTpc.h"
 #include "JsonPath.h"
+#include "TdscdmaDataModelCapUpdater.h"
 
 namespace {
 
@@ -27,6 +32,45 @@ uint8_t SlotMask(const QJsonArray &timeSlots, const QString &marked)
             mask |= uint8_t(1u << (i + 1));
     }
     return mask;
+}
+
+// ---- Calibration data: texts of widgets to stored values ----------------
+
+const char *const kPaModes[3] = {"paH", "paM", "paL"};
+
+// A decimal integer, 0 when the text is none; low 16 bits.
+uint16_t Integer(const QString &text) { return uint16_t(text.toLongLong(nullptr, 10)); }
+
+// The number in the text (0.0 when it is none) times `factor`, the fraction
+// dropped towards zero; low 16 bits.
+uint16_t Scaled(const QString &text, double factor)
+{
+    const double value = std::trunc(text.toDouble() * factor);
+    return std::isfinite(value) ? uint16_t(qint64(std::fmod(value, 65536.0))) : 0;
+}
+
+// The memberValue object of group `group` of a calibration model.
+QJsonObject Values(QJsonObject &model, int group)
+{
+    return GetJsonValue(model, QString("calDataIf.data.group%1.memberValue").arg(group)).toObject();
+}
+
+// Each element of `field` from the cell of the same index of a table
+// column; a cell that is missing gives 0.
+template <typename T, size_t N, typename Convert>
+void FillColumn(T (&field)[N], const QJsonValue &column, Convert convert)
+{
+    const QJsonArray cells = column.toArray();
+    for (size_t i = 0; i < N; ++i)
+        field[i] = T(convert(int(i) < cells.size() ? cells.at(int(i)).toString() : QString()));
+}
+
+// Fills field[mode] from the paH, paM and paL columns of `values`.
+template <typename T, size_t M, size_t N, typename Convert>
+void FillPaModes(T (&field)[M][N], const QJsonObject &values, Convert convert)
+{
+    for (size_t mode = 0; mode < M; ++mode)
+        FillColumn(field[mode], values.value(kPaModes[mode]), convert);
 }
 
 } // namespace
@@ -98,4 +142,63 @@ SRegWriteCmd CTdscdmaCoreCmdBuilder::GetRegWriteCmd(QJsonObject model)
     cmd.regAddr = uint16_t(Number(values, "regAddr"));
     cmd.regValue = uint16_t(Number(values, "regValue"));
     return cmd;
+}
+
+int CTdscdmaCoreCmdBuilder::GetBandIndexByName(const QString &bandText)
+{
+    return qMax(0, CTdscdmaDataModelCapUpdater::BandGroupNames().indexOf(bandText));
+}
+
+STdscdmaUITpcDataByBand CTdscdmaCoreCmdBuilder::GetTpcCalDataCmd(void *item, QJsonObject model,
+                                                                 STdscdmaUITpcDataByBand current)
+{
+    ReadTpcModel(item, model, 0, current);
+    return current;
+}
+
+STdscdmaUITpcDataByBandV3 CTdscdmaCoreCmdBuilder::GetTpcCalDataCmdV3(void *item, QJsonObject model,
+                                                                     STdscdmaUITpcDataByBandV3 current)
+{
+    ReadTpcModel(item, model, 1, current);
+    const QJsonObject offsets = Values(model, 4);
+    current.wantedPowerOffset = int16_t(Scaled(offsets.value("wantedPowerOffset").toString(), 32));
+    current.paMidPowerOffset = int16_t(Scaled(offsets.value("paMidPowerOffset").toString(), 32));
+    return current;
+}
+
+void CTdscdmaCoreCmdBuilder::ReadTpcModel(void *item, QJsonObject &model, int groupShift,
+                                          STdscdmaUITpcDataByBand &data)
+{
+    const auto dB = [](const QString &text) { return Scaled(text, 32); };
+    TavoTxDacRecord &dac = data.txDac;
+
+    // Only a target with closed-loop power control has the TX CLPC record.
+    if (m_capability.GetTxClpcMode() == 1) {
+        const QJsonObject points = Values(model, 1);
+        for (int i = 0; i < 3; ++i)
+            data.txClpc.pdPoint[i] = int16_t(dB(points.value(QString("pdPoint%1").arg(i)).toString()));
+        FillColumn(data.txClpc.pdSubbandComp, Values(model, 7 + groupShift).value("comp"), dB);
+    }
+
+    const QJsonObject hysteresis = Values(model, 2);
+    dac.hysteresisStart0 = Integer(hysteresis.value("hysteresisStart0").toString());
+    dac.hysteresisStart1 = Integer(hysteresis.value("hysteresisStart1").toString());
+    dac.hysteresisEnd0 = Integer(hysteresis.value("hysteresisEnd0").toString());
+    dac.hysteresisEnd1 = Integer(hysteresis.value("hysteresisEnd1").toString());
+
+    // maxVgaDac is the UPA power offset in 1/32 dB on an APC-extended
+    // target, else the raw VGA DAC word, shown and taken as it is.
+    const int band = GetBandIndexByName(GetJsonValue(model, "calDataIf.config.group1.memberValue.band").toString());
+    if (item && static_cast<CTdscdmaTpc *>(item)->IsMaxPaPowerFieldPresent(band)) {
+        const QJsonObject maxPower = Values(model, 3);
+        dac.maxPower = int16_t(dB(maxPower.value("maxPower").toString()));
+        dac.maxVgaDac = Scaled(maxPower.value("vgaDac").toString(), m_capability.IsApcExSupported() ? 32 : 1);
+    }
+
+    FillPaModes(dac.paVgaDac, Values(model, 4 + groupShift), Integer);
+    FillPaModes(dac.paPower, Values(model, 5 + groupShift), dB);
+    const QJsonObject subbands = Values(model, 6 + groupShift);
+    FillColumn(dac.subbandMaxUarfcn, subbands.value("uarfcn"), Integer);
+    FillPaModes(dac.subbandPowerComp, subbands, dB);
+    FillPaModes(dac.tempPowerComp, Values(model, 8 + groupShift), dB);
 }

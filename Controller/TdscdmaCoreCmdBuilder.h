@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "Capability/TdscdmaCapability.h"
+#include "Items/STdscdmaUITpcDataByBand.h"
 #include "TestCommandRecords.h"
 
 // Turns a page's model, with its widgets' values under memberValue, into
@@ -18,11 +19,26 @@ public:
     uint16_t GetRegReadAddr(QJsonObject model);
     SRegWriteCmd GetRegWriteCmd(QJsonObject model);
 
+    // The TPC data of the band the model shows: `current` with the values of
+    // the model's widgets written over it. `item` is the CTdscdmaTpc that
+    // holds the data (null: the record has no max PA power field). Fields the
+    // target does not have, or the page does not show, keep their values.
+    STdscdmaUITpcDataByBand GetTpcCalDataCmd(void *item, QJsonObject model, STdscdmaUITpcDataByBand current);
+    STdscdmaUITpcDataByBandV3 GetTpcCalDataCmdV3(void *item, QJsonObject model, STdscdmaUITpcDataByBandV3 current);
+
+    // The index of a band group's text: "1850-1930MHz" 0 ... "2300-2400MHz"
+    // 4, anything else 0.
+    static int GetBandIndexByName(const QString &bandText);
+
     // The PA mode of a text: "High" 0, "Mid" 1, "Low" 2, anything else 0.
     static uint32_t PaModeOf(const QString &text);
     // The gain mode of a text: "High" 0 ... "Ext3" 7, anything else 0.
     static uint32_t GainModeOf(const QString &text);
 
 private:
+    // What the TPC and TPC V3 models share; `groupShift` is 1 for the V3
+    // model, whose groups from the fourth on sit one further down.
+    void ReadTpcModel(void *item, QJsonObject &model, int groupShift, STdscdmaUITpcDataByBand &data);
+
     CTdscdmaCapability m_capability;
 };

@@ -1,35 +1,144 @@
 #include "TdscdmaDataModelResponseBuilder.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <QVector>
 
-#include <initializer_list>
-#include <utility>
+#include <cstddef>
 
 #include "JsonPath.h"
 #include "ModelUpdateResult.h"
 
 namespace {
 
-// Writes each (path, text) in order; the first that fails gives the
-// substitute model with its failure text.
-std::string WriteAll(QJsonObject &model,
-                     std::initializer_list<std::pair<const char *, std::pair<QString, const char *>>> writes)
+// One member's new value and what the page is told when the member is missing.
+struct SWrite {
+    QString path;
+    QJsonValue value;
+    QString failure;
+};
+
+// Writes in order; the first write that fails gives the substitute model
+// with its failure text, and no later write is made.
+std::string WriteAll(QJsonObject &model, const QVector<SWrite> &writes)
 {
-    for (const auto &write : writes) {
-        if (!SetJsonValue(model, write.first, write.second.first))
-            return BuildEmptyModelStringWithError(write.second.second);
+    for (const SWrite &write : writes) {
+        if (!SetJsonValue(model, write.path, write.value))
+            return BuildEmptyModelStringWithError(write.failure);
     }
     return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
 }
 
 QString Fixed(double value, int decimals) { return QString::number(value, 'f', decimals); }
 
+// ---- Calibration data: stored values to the texts of widgets --------------
+
+const char *const kPaModes[3] = {"paH", "paM", "paL"};
+
+// A value in 1/32 dB as dB with five decimals, which show every step exactly.
+QString Db(double stored) { return Fixed(stored * 0.03125, 5); }
+
+template <typename T, size_t N>
+QJsonArray DbColumn(const T (&field)[N])
+{
+    QJsonArray column;
+    for (const T value : field)
+        column.append(Db(value));
+    return column;
+}
+
+template <typename T, size_t N>
+QJsonArray DecimalColumn(const T (&field)[N])
+{
+    QJsonArray column;
+    for (const T value : field)
+        column.append(QString::number(value));
+    return column;
+}
+
+QString Default(int group, const QString &member)
+{
+    return QString("calDataIf.data.group%1.memberProperty.%2.trait.defaultValue").arg(group).arg(member);
+}
+
+// The paH, paM and paL columns of a group, one row of `field` each.
+template <typename T, size_t M, size_t N, typename Column>
+void AddPaModes(QVector<SWrite> &writes, int group, const T (&field)[M][N], Column column, const QString &failure)
+{
+    for (size_t mode = 0; mode < M; ++mode)
+        writes.append({Default(group, kPaModes[mode]), column(field[mode]), failure});
+}
+
 } // namespace
+
+std::string CTdscdmaDataModelResponseBuilder::GetTpcDataModel(QJsonObject model, STdscdmaUITpcDataByBand data)
+{
+    return WriteTpcModel(model, data, nullptr);
+}
+
+std::string CTdscdmaDataModelResponseBuilder::GetTpcDataModelV3(QJsonObject model, STdscdmaUITpcDataByBandV3 data)
+{
+    return WriteTpcModel(model, data, &data);
+}
+
+std::string CTdscdmaDataModelResponseBuilder::WriteTpcModel(QJsonObject &model, const STdscdmaUITpcDataByBand &data,
+                                                            const STdscdmaUITpcDataByBandV3 *offsets)
+{
+    if (!IsJsonValueDefined(GetJsonValueConst(model, "calDataIf.data")))
+        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+
+    // The V3 model has its "TX Power Setting" group fourth, and the groups
+    // from there on one further down.
+    const int shift = offsets ? 1 : 0;
+    const TavoTxDacRecord &dac = data.txDac;
+    const auto dbColumn = [](const auto &field) { return DbColumn(field); };
+    const auto decimalColumn = [](const auto &field) { return DecimalColumn(field); };
+    QVector<SWrite> writes;
+
+    if (m_capability.GetTxClpcMode() == 1) {
+        for (int i = 0; i < 3; ++i)
+            writes.append(
+                {Default(1, QString("pdPoint%1").arg(i)), Db(data.txClpc.pdPoint[i]), "Update pdPoint failed"});
+        writes.append({Default(7 + shift, "comp"), DbColumn(data.txClpc.pdSubbandComp),
+                       "Update PD compensation by sub-band failed"});
+    }
+
+    const QString hysteresis = "Update hysteresis failed";
+    writes.append({Default(2, "hysteresisStart0"), QString::number(dac.hysteresisStart0), hysteresis});
+    writes.append({Default(2, "hysteresisEnd0"), QString::number(dac.hysteresisEnd0), hysteresis});
+    writes.append({Default(2, "hysteresisStart1"), QString::number(dac.hysteresisStart1), hysteresis});
+    writes.append({Default(2, "hysteresisEnd1"), QString::number(dac.hysteresisEnd1), hysteresis});
+
+    writes.append({Default(3, "maxPower"), Db(dac.maxPower), "Update maxPower failed"});
+    // The UPA power offset of an APC-extended target is in 1/32 dB. Else the
+    // member shows the raw VGA DAC word as it is, the word the file keeps and
+    // the command builder stores back unscaled: a read-back gives what was
+    // written.
+    writes.append({Default(3, "vgaDac"),
+                   m_capability.IsApcExSupported() ? Db(dac.maxVgaDac) : QString::number(dac.maxVgaDac),
+                   "Update vgaDac failed"});
+
+    if (offsets) {
+        writes.append({Default(4, "wantedPowerOffset"), Db(offsets->wantedPowerOffset),
+                       "Update wanted Power Offset failed"});
+        writes.append({Default(4, "paMidPowerOffset"), Db(offsets->paMidPowerOffset),
+                       "Update pa Mid Power Offset failed"});
+    }
+
+    AddPaModes(writes, 4 + shift, dac.paVgaDac, decimalColumn, "Update VGA DAC with H M L mode failed");
+    AddPaModes(writes, 5 + shift, dac.paPower, dbColumn, "Update Power with H M L mode failed");
+    const QString subband = "Update VGA compensation by sub-band failed";
+    AddPaModes(writes, 6 + shift, dac.subbandPowerComp, dbColumn, subband);
+    writes.append({Default(6 + shift, "uarfcn"), DecimalColumn(dac.subbandMaxUarfcn), subband});
+    AddPaModes(writes, 8 + shift, dac.tempPowerComp, dbColumn, "Update VGA compensation by temperature failed");
+
+    return WriteAll(model, writes);
+}
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateTadcMeasureResult(QJsonObject model, QString result)
 {
-    return WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue",
-                             {result, "Update measure result failed."}}});
+    return WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,
+                             "Update measure result failed."}});
 }
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateRssiResult(QJsonObject model, bool isAgcEx, SRssiResult result)
@@ -38,17 +147,17 @@ std::string CTdscdmaDataModelResponseBuilder::UpdateRssiResult(QJsonObject model
     const QString dspPower = m_capability.IsDspPowerInQ3() ? Fixed((int(result.dspPower) - 65536) * 0.125, 3)
                                                            : Fixed(result.dspPower, 2);
     return WriteAll(model, {
-                               {"cmdIf.response.group1.memberProperty.rssi.trait.defaultValue",
-                                {rssi, "Update Rssi result failed."}},
-                               {"cmdIf.response.group1.memberProperty.dspPower.trait.defaultValue",
-                                {dspPower, "Update DSP power result failed."}},
+                               {"cmdIf.response.group1.memberProperty.rssi.trait.defaultValue", rssi,
+                                "Update Rssi result failed."},
+                               {"cmdIf.response.group1.memberProperty.dspPower.trait.defaultValue", dspPower,
+                                "Update DSP power result failed."},
                                {"cmdIf.response.group1.memberProperty.usedGain.trait.defaultValue",
-                                {QString::number(result.usedGain), "Update Used Gain result failed."}},
+                                QString::number(result.usedGain), "Update Used Gain result failed."},
                            });
 }
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateRegisterResult(QJsonObject model, uint16_t value)
 {
     return WriteAll(model, {{"cmdIf.response.group1.memberProperty.regValue.trait.defaultValue",
-                             {QString::number(value), "Update baseband register result failed."}}});
+                             QString::number(value), "Update baseband register result failed."}});
 }
