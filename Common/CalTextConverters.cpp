@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -140,4 +141,10 @@ bool HexTextToBinary(const char *text, int textLength, quint8 *target, int targe
             return false;
     }
     return true;
+}
+
+quint16 ScaledToStored(double value, double factor)
+{
+    const double steps = std::trunc(value * factor);
+    return std::isfinite(steps) ? quint16(qint64(std::fmod(steps, 65536.0))) : 0;
 }

@@ -22,6 +22,11 @@ int FormatDoubleList(char *target, const double *values, int count, char separat
 int ParseUInt16List(const char *text, quint16 *values, int maxCount);
 int ParseDoubleList(const char *text, double *values, int maxCount);
 
+// A value as a record stores it in a unit of 1/factor: times `factor`, the
+// fraction dropped towards zero, the low 16 bits; 0 for what is no number.
+// 1.99 dB in 1/32 dB gives 63, -1.99 gives -63 (0xFFC1).
+quint16 ScaledToStored(double value, double factor);
+
 // Each byte as two upper-case digits, bytes separated by one blank, a zero
 // byte behind the last: 3 * size bytes, else false and nothing is written.
 bool BinaryToHexText(const quint8 *source, int size, char *target, int targetCapacity);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "CalTextConverters.h"
 #include "Items/TdscdmaTpc.h"
 #include "JsonPath.h"
 #include "TdscdmaDataModelCapUpdater.h"
@@ -43,11 +44,7 @@ uint16_t Integer(const QString &text) { return uint16_t(text.toLongLong(nullptr,
 
 // The number in the text (0.0 when it is none) times `factor`, the fraction
 // dropped towards zero; low 16 bits.
-uint16_t Scaled(const QString &text, double factor)
-{
-    const double value = std::trunc(text.toDouble() * factor);
-    return std::isfinite(value) ? uint16_t(qint64(std::fmod(value, 65536.0))) : 0;
-}
+uint16_t Scaled(const QString &text, double factor) { return ScaledToStored(text.toDouble(), factor); }
 
 // The memberValue object of group `group` of a calibration model.
 QJsonObject Values(QJsonObject &model, int group)

@@ -1,6 +1,5 @@
 #include "TdscdmaTpc.h"
 
-#include <cmath>
 #include <cstdio>
 
 #include "CalTextConverters.h"
@@ -81,13 +80,7 @@ int16_t ReadDecibels(TIniFile *file, const std::string &section, const std::stri
 
 } // namespace
 
-int16_t CTdscdmaTpc::DecibelsToStored(double dB)
-{
-    const double steps = std::trunc(dB * 32.0);
-    if (!std::isfinite(steps))
-        return 0;
-    return int16_t(uint16_t(int64_t(std::fmod(steps, 65536.0))));
-}
+int16_t CTdscdmaTpc::DecibelsToStored(double dB) { return int16_t(ScaledToStored(dB, 32.0)); }
 
 // ---- NVRAM records --------------------------------------------------------------
 
