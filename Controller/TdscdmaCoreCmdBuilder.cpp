@@ -3,7 +3,6 @@
 #include <QJsonArray>
 #include <QStringList>
 
-#include <cmath>
 #include <cstddef>
 
 #include "CalTextConverters.h"
