@@ -14,6 +14,11 @@ struct Entry
 
 bool always(const TargetProfile &) { return true; }
 
+bool nvramVersion2(const TargetProfile &p)
+{
+    return p.rfCapabilityValue(TargetProfile::kNvramVersionOffset) == 2u;
+}
+
 const Entry kCatalog[] = {
     /* Support queries */
     {"TAVO_Util_QueryTargetOptionInfo", [](const TargetProfile &p) { return p.hasOptionInfo; }},
@@ -55,6 +60,10 @@ const Entry kCatalog[] = {
     {"TAVO_NVRAM_Write_r", [](const TargetProfile &p) { return p.modemService != TAVO_MD_SRV_C2K; }},
     {"TAVO_C2K_NVRAM_Read_r", [](const TargetProfile &p) { return p.modemService == TAVO_MD_SRV_C2K; }},
     {"TAVO_C2K_NVRAM_Write_r", [](const TargetProfile &p) { return p.modemService == TAVO_MD_SRV_C2K; }},
+
+    /* TX data commands: the TPC data of targets of NVRAM version 2. */
+    {"AST_Tavo_NVRAM_TX_Read_r", [](const TargetProfile &p) { return p.hasTdscdma && nvramVersion2(p); }},
+    {"AST_Tavo_NVRAM_TX_Write_r", [](const TargetProfile &p) { return p.hasTdscdma && nvramVersion2(p); }},
 
     /* Integrity record ("nvram.integrity") */
     {"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},

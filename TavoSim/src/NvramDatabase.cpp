@@ -29,6 +29,8 @@ bool splitFieldName(const QString &text, QString *name, int *index)
 NvramDatabase::NvramDatabase()
 {
     for (const NvramLayout::Kind &kind : NvramLayout::kinds()) {
+        if (kind.storeOf)
+            continue;
         for (const char *name : kind.lids) {
             Lid lid;
             lid.kind = &kind;

@@ -44,7 +44,8 @@ public:
         int size() const { return NvramLayout::sizeOf(type) * count; }
     };
 
-    /* Every LID of every kind with its full record and default count. */
+    /* Every LID of every kind with its full record and default count
+     * (layer-1 stores aside). */
     NvramDatabase();
 
     const Lid *lid(const QString &name) const;

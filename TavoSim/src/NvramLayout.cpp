@@ -75,6 +75,23 @@ const std::vector<Kind> &table()
           F(nullptr, Type::U8, 8)},
          1, 0},
         {"DcxoLpm", {"NVRAM_EF_L1_CLOAD_FREQ_OFFSET_LID"}, {F("cload_freq_offset", Type::S32, 1)}, 1, 0},
+
+        /* Layer 1's TPC data behind the TX data commands: the TX DAC record as
+         * the commands carry it (TavoTxDacRecord, then the wanted power offset
+         * and the PA middle power offset), and the TX CLPC record. */
+        {"TxDacStore",
+         {"TL1_TPC_TXDAC_BAND0", "TL1_TPC_TXDAC_BAND1", "TL1_TPC_TXDAC_BAND2", "TL1_TPC_TXDAC_BAND3",
+          "TL1_TPC_TXDAC_BAND4"},
+         {F("paVgaDac", Type::U16, 12), F("paPower", Type::S16, 12), F("subbandMaxUarfcn", Type::U16, 15),
+          F("subbandPowerComp", Type::S16, 45), F("tempPowerComp", Type::S16, 24), F("hysteresisStart0", Type::U16, 1),
+          F("hysteresisEnd0", Type::U16, 1), F("hysteresisStart1", Type::U16, 1), F("hysteresisEnd1", Type::U16, 1),
+          F("maxPaPower", Type::S16, 2), F("wantedPowerOffset", Type::S16, 1), F("paMidPowerOffset", Type::S16, 1)},
+         1, 0, "TxDac"},
+        {"TxClpcStore",
+         {"TL1_TPC_TXCLPC_BAND0", "TL1_TPC_TXCLPC_BAND1", "TL1_TPC_TXCLPC_BAND2", "TL1_TPC_TXCLPC_BAND3",
+          "TL1_TPC_TXCLPC_BAND4"},
+         {F("pdPoint", Type::S16, 3), F("pdSubbandComp", Type::S16, 15)},
+         1, 0, "TxClpc"},
     };
     return kinds;
 }
@@ -149,6 +166,12 @@ const Kind &kind(const char *name)
             return kind;
     }
     Q_UNREACHABLE();
+}
+
+bool isStore(const QString &lid)
+{
+    const Kind *kind = kindOfLid(lid);
+    return kind && kind->storeOf;
 }
 
 void elementToRaw(Type type, const void *host, uchar *raw)

@@ -16,6 +16,11 @@ namespace TavoSim {
  *
  * The raw order differs from the decoded one on purpose, so that a caller
  * who copies bytes instead of composing gets visibly wrong data.
+ *
+ * Some kinds are not records of the database but stores that layer 1 keeps
+ * in the NVRAM behind its data commands (storeOf): one record per band
+ * group, in the commands' own byte layout. The database does not know them
+ * and the NVRAM transport does not reach them.
  */
 namespace NvramLayout {
 
@@ -41,6 +46,10 @@ struct Kind
     std::vector<Field> fields;
     int defaultCount; /* records per LID */
     int decodedSize;  /* 0: the kind has no compose and decompose pair */
+    /* For a layer-1 store, the kind of NVRAM record whose data it holds,
+     * band group for band group (its LIDs in the same order); it starts from
+     * that record's defaults. Null for a record of the database. */
+    const char *storeOf = nullptr;
 
     /* Raw size with and without the optional field. */
     int fullSize() const;
@@ -53,6 +62,8 @@ const std::vector<Kind> &kinds();
 /* The kind of `lid`, or null. */
 const Kind *kindOfLid(const QString &lid);
 const Kind &kind(const char *name);
+/* Whether `lid` names a layer-1 store rather than a record of the database. */
+bool isStore(const QString &lid);
 
 /* One element between its raw form (little-endian) and host order. */
 void elementToRaw(Type type, const void *host, uchar *raw);

@@ -1,6 +1,7 @@
 /* NVRAM transport: whole records in and out of the target's NVRAM, and the
  * integrity record that brackets a series of calibration writes. */
 
+#include "NvramLayout.h"
 #include "NvramStore.h"
 #include "TavoCore.h"
 #include "TargetCall.h"
@@ -9,7 +10,8 @@ using namespace TavoSim;
 
 namespace {
 
-/* A record transfer; `confirm` is null for the C2K commands, which have none. */
+/* A record transfer; `confirm` is null for the C2K commands, which have none.
+ * Layer 1's stores are reached only by its data commands. */
 template <typename Transfer>
 TAVO_RESULT transfer(const char *call, int handle, uint32_t timeoutMs, bool requestGiven, const char *lid,
                      uint16_t record, const void *buffer, uint32_t size, SNvramAccessConfirm *confirm,
@@ -21,8 +23,11 @@ TAVO_RESULT transfer(const char *call, int handle, uint32_t timeoutMs, bool requ
     return TargetCall(call, handle, timeoutMs, inputs)
         .run(requestGiven && lid && record >= 1 && buffer && size > 0,
              [&](const TargetProfile &, TargetState &state) {
+                 const QString name = QString::fromLatin1(lid);
+                 if (NvramLayout::isStore(name))
+                     return TAVO_RESULT(TAVO_ERR_LID_NOT_FOUND);
                  uint32_t moved = 0;
-                 const TAVO_RESULT result = move(state, QString::fromLatin1(lid), &moved);
+                 const TAVO_RESULT result = move(state, name, &moved);
                  if (result == TAVO_OK && confirm)
                      *confirm = SNvramAccessConfirm{moved, record};
                  return result;

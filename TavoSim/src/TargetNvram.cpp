@@ -130,6 +130,21 @@ const QJsonObject &builtInDefaults()
     return defaults;
 }
 
+/* The entries of the built-in defaults that make up a record of `lid`, in
+ * the order they are laid: the kind's, then the LID's own. A layer-1 store
+ * starts from those of the NVRAM record of its band group. */
+QStringList defaultsOf(const QString &lid, const NvramLayout::Kind &kind)
+{
+    QStringList entries;
+    if (kind.storeOf) {
+        const NvramLayout::Kind &record = NvramLayout::kind(kind.storeOf);
+        const auto band = std::find_if(kind.lids.begin(), kind.lids.end(),
+                                       [&](const char *name) { return lid == QLatin1String(name); });
+        entries << QLatin1String(record.name) << QLatin1String(record.lids.at(size_t(band - kind.lids.begin())));
+    }
+    return entries << QLatin1String(kind.name) << lid;
+}
+
 } // namespace
 
 TargetNvram::TargetNvram(const NvramDatabase &database)
@@ -137,13 +152,19 @@ TargetNvram::TargetNvram(const NvramDatabase &database)
     const QHash<QString, NvramDatabase::Lid> &lids = database.lids();
     for (auto it = lids.constBegin(); it != lids.constEnd(); ++it)
         m_lids.insert(it.key(), Lid{it->kind, it->size, it->count});
+    for (const NvramLayout::Kind &kind : NvramLayout::kinds()) {
+        if (!kind.storeOf)
+            continue;
+        for (const char *name : kind.lids)
+            m_lids.insert(QString::fromLatin1(name), Lid{&kind, uint32_t(kind.fullSize()), kind.defaultCount});
+    }
 }
 
 void TargetNvram::read(ProfileReader &target)
 {
     for (const QString &name : target.keys()) {
         const NvramLayout::Kind *kind = NvramLayout::kindOfLid(name);
-        if (!kind) {
+        if (!kind || kind->storeOf) {
             target.fail(name, QStringLiteral("not a LID of any record kind"));
             return;
         }
@@ -168,8 +189,10 @@ NvramRecords TargetNvram::initialRecords(ProfileReader *seeds) const
     NvramRecords records;
     for (auto it = m_lids.constBegin(); it != m_lids.constEnd(); ++it) {
         QByteArray record(int(it->size), '\0');
-        if (std::optional<ProfileReader> fields = defaults.object(it->kind->name))
-            putFields(*fields, *it->kind, record, false);
+        for (const QString &entry : defaultsOf(it.key(), *it->kind)) {
+            if (std::optional<ProfileReader> fields = defaults.object(entry.toLatin1().constData()))
+                putFields(*fields, *it->kind, record, false);
+        }
         records.insert(it.key(), QVector<QByteArray>(it->count, record));
     }
     if (!defaults.ok())

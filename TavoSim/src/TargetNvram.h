@@ -27,7 +27,7 @@ using NvramRecords = QHash<QString, QVector<QByteArray>>;
 class TargetNvram
 {
 public:
-    /* The LIDs, sizes and counts of `database`. */
+    /* The LIDs, sizes and counts of `database`, and layer 1's stores. */
     explicit TargetNvram(const NvramDatabase &database);
 
     /* Reads "nvram.target": LID -> {"count": 0-255, "size": 1-65536}. A LID
@@ -36,8 +36,9 @@ public:
     void read(ProfileReader &target);
 
     /* The records before anybody writes: zeros, with the software load's
-     * defaults and then the profile's "nvram.records" (if given) laid over
-     * them. */
+     * defaults (of the kind, then of the LID; a layer-1 store starts from
+     * those of its band's NVRAM record) and then the profile's
+     * "nvram.records" (if given) laid over them. */
     NvramRecords initialRecords(ProfileReader *seeds) const;
 
 private:

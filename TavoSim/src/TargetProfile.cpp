@@ -150,9 +150,11 @@ void readRfCapability(ProfileReader &tdscdma, TargetProfile &p)
     p.hasRfCapability = true;
     p.capabilityFlags |= 1u << 4;
     p.hasUbin = rf->boolean("ubin");
-    put32(p.rfCapabilityRecord, 24, capabilityWord(rf->integer("txClpcMode", 0, kWordValueMax)));
+    put32(p.rfCapabilityRecord, TargetProfile::kTxClpcModeOffset,
+          capabilityWord(rf->integer("txClpcMode", 0, kWordValueMax)));
     put32(p.rfCapabilityRecord, 36, bit(p.hasUbin, 0));
-    put32(p.rfCapabilityRecord, 40, capabilityWord(rf->integer("nvramVersion", 0, kWordValueMax)));
+    put32(p.rfCapabilityRecord, TargetProfile::kNvramVersionOffset,
+          capabilityWord(rf->integer("nvramVersion", 0, kWordValueMax)));
 }
 
 void readTdscdma(ProfileReader &top, TargetProfile &p)
@@ -346,6 +348,19 @@ void readFaults(ProfileReader &top, TargetProfile &p)
 const char kBuiltInFolder[] = ":/TavoSim/profiles/";
 
 } // namespace
+
+std::optional<quint32> TargetProfile::rfCapabilityValue(int offset) const
+{
+    const quint32 word = qFromLittleEndian<quint32>(rfCapabilityRecord.constData() + offset);
+    return word & 1u ? std::optional<quint32>(word >> 2) : std::nullopt;
+}
+
+bool TargetProfile::supportsBandGroup(int group) const
+{
+    /* bandFlags bits: a 0, b 1, c 2, d 3, f 4, e 5 */
+    static const quint32 bandsOfGroup[] = {1u << 0 | 1u << 1 | 1u << 2 | 1u << 4, 1u << 0, 1u << 1, 1u << 3, 1u << 5};
+    return group >= 0 && group < 5 && (bandFlags & bandsOfGroup[group]) != 0;
+}
 
 QStringList TargetProfile::builtInNames()
 {

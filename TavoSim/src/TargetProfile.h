@@ -39,6 +39,16 @@ public:
     /* Whether the target offers the command named. */
     bool offers(const QString &command) const { return offered.contains(command); }
 
+    /* Capability words of the RF capability record, by offset. */
+    static constexpr int kTxClpcModeOffset = 24;
+    static constexpr int kNvramVersionOffset = 40;
+    /* The value of the capability word at `offset` of the RF capability
+     * record, when it is valid. */
+    std::optional<quint32> rfCapabilityValue(int offset) const;
+    /* Whether one of the target's bands lies in band group `group`. Groups:
+     * 0 (bands a, b, c, f), 1 (a), 2 (b), 3 (d), 4 (e). */
+    bool supportsBandGroup(int group) const;
+
     QString name;
     QString description;
     QJsonObject json; /* as loaded */

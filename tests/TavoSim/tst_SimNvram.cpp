@@ -1,12 +1,15 @@
 /* The simulated target's NVRAM: the database and the records the target
  * holds (which may disagree), the record kinds, the transport, the integrity
- * record and its scopes in the log, and the NVRAM file that outlives the
- * process. Also the fault selectors, which NVRAM writes show best. */
+ * record and its scopes in the log, the NVRAM file that outlives the
+ * process, and layer 1's TPC data behind the TX data commands. Also the
+ * fault selectors, which NVRAM writes show best. */
 
 #include <QJsonDocument>
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <QtTest>
 
+#include "TavoApp.h"
 #include "TavoSimControl.h"
 
 namespace {
@@ -68,6 +71,60 @@ TAVO_RESULT writeRecord(const char *lid, QByteArray bytes)
     return transfer(QStringLiteral("write"), lid, 1, bytes);
 }
 
+/* ---- TX data commands ---- */
+
+const char *const kTxDacLids[] = {kTxDac0, "NVRAM_EF_AST_TL1_TXDAC_BAND34_LID", "NVRAM_EF_AST_TL1_TXDAC_BAND36_LID",
+                                  "NVRAM_EF_AST_TL1_TXDAC_BAND38_LID", "NVRAM_EF_AST_TL1_TXDAC_BAND40_LID"};
+constexpr int kDacSize = AST_TAVO_NVRAM_TX_DAC_SIZE, kHead = AST_TAVO_NVRAM_TX_HEAD_SIZE;
+const QByteArray kUntouchedConfirm(kDacSize, '\x5a');
+
+int u16At(const QByteArray &bytes, int offset) { return qFromLittleEndian<quint16>(bytes.constData() + offset); }
+
+QByteArray txRequest(int band, int lidCode, const QByteArray &body = {}, int version = 2)
+{
+    const quint16 head[4] = {quint16(band), quint16(version), quint16(lidCode), 0};
+    return QByteArray(reinterpret_cast<const char *>(head), kHead) + body;
+}
+
+/* The call's result and its confirm, in a buffer that starts untouched. */
+QPair<TAVO_RESULT, QByteArray> txCall(bool write, const QByteArray &request)
+{
+    QByteArray confirm = kUntouchedConfirm;
+    const TAVO_RESULT result = write ? AST_Tavo_NVRAM_TX_Write_r(0, 10000, request.constData(), confirm.data())
+                                     : AST_Tavo_NVRAM_TX_Read_r(0, 10000, request.constData(), confirm.data());
+    return {result, confirm};
+}
+
+/* The record behind the head of a read that was carried out; else empty. */
+QByteArray txRead(int band, int lidCode)
+{
+    const int size = lidCode == AST_TAVO_NVRAM_TX_DAC_READ ? kDacSize : int(AST_TAVO_NVRAM_TX_CLPC_SIZE);
+    const auto answer = txCall(false, txRequest(band, lidCode));
+    const bool done = answer.first == TAVO_OK && u16At(answer.second, 4) == AST_TAVO_NVRAM_OPER_SUCCESS;
+    return done ? answer.second.mid(kHead, size - kHead) : QByteArray();
+}
+
+QByteArray allTpcStores()
+{
+    QByteArray stores;
+    for (int band = 0; band < 5; ++band)
+        stores += TavoSim::NvramRecord(QStringLiteral("TL1_TPC_TXDAC_BAND%1").arg(band)) +
+                  TavoSim::NvramRecord(QStringLiteral("TL1_TPC_TXCLPC_BAND%1").arg(band));
+    return stores;
+}
+
+template <typename T>
+bool risesStrictly(const T *values, int count)
+{
+    return std::adjacent_find(values, values + count, std::greater_equal<T>()) == values + count;
+}
+
+/* Within 1 dB either way. */
+bool small(const int16_t *values, int count)
+{
+    return std::all_of(values, values + count, [](int16_t v) { return std::abs(v) <= 32; });
+}
+
 /* The calls the fault selector rows make, and their results. The text call
  * and the call on handle 1 never reach the target. */
 QList<int> selectorFlow()
@@ -83,7 +140,10 @@ QList<int> selectorFlow()
             AST_CAL_tl1_reset_r(0, 10000),
             TAVO_GetResultText(0) ? 0 : -1,
             AST_CAL_tl1_reset_r(1, 10000),
-            AST_CAL_tl1_reset_r(0, 10000)};
+            AST_CAL_tl1_reset_r(0, 10000),
+            txCall(false, txRequest(2, AST_TAVO_NVRAM_TX_DAC_READ)).first,
+            txCall(false, txRequest(2, AST_TAVO_NVRAM_TX_CLPC_READ)).first,
+            txCall(false, txRequest(3, AST_TAVO_NVRAM_TX_CLPC_READ)).first};
 }
 
 } // namespace
@@ -120,6 +180,10 @@ private slots:
                                                << QList<int>{11};
         QTest::newRow("every call with an input") << QByteArray(R"({"call": "*", "skip": 2, "args": {"record": 2}})")
                                                   << QList<int>{7};
+        QTest::newRow("TX data of a band") << QByteArray(R"({"call": "AST_Tavo_NVRAM_TX_Read_r", "args": {"band": 2}})")
+                                           << QList<int>{12, 13};
+        QTest::newRow("TX data of a kind") << QByteArray(R"({"call": "AST_Tavo_NVRAM_TX_Read_r",
+                                                            "args": {"lidCode": 43974}})") << QList<int>{13, 14};
     }
     /* A fault armed through the control API, or by a profile (on a patch and
      * on every Reset), fails exactly the calls it selects; only those count
@@ -159,7 +223,8 @@ private slots:
         QList<int> indices;
         for (const TavoSim::CallRecord &record : TavoSim::CallLog())
             indices << record.targetIndex;
-        QCOMPARE(indices, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 9}));
+        QCOMPARE(indices, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 9, 10, 11, 12}));
+        QCOMPARE(TavoSim::CallLog().last().args, (QStringList{"band=3", "version=2", "lidCode=43974"}));
     }
 
     void databaseAndTarget_data()
@@ -313,6 +378,8 @@ private slots:
         QTest::newRow("read, smaller buffer") << "default" << "read" << kTadc << 1 << -1 << int(TAVO_ERR_BUFFER_TOO_SMALL);
         QTest::newRow("write, smaller buffer") << "default" << "write" << kImei << 2 << -1 << int(TAVO_ERR_BUFFER_TOO_SMALL);
         QTest::newRow("C2K read on a 3GPP modem") << "default" << "c2kRead" << kTadc << 1 << 0 << int(TAVO_ERR_NOT_SUPPORTED);
+        QTest::newRow("layer-1 store") << "default" << "read" << "TL1_TPC_TXDAC_BAND0" << 1 << 0
+                                       << int(TAVO_ERR_LID_NOT_FOUND);
         QTest::newRow("3GPP write on a C2K modem") << "c2k-modem" << "write" << kTadc << 1 << 0 << int(TAVO_ERR_NOT_SUPPORTED);
     }
     /* A transfer moves exactly the record or nothing; a reset brings back the
@@ -420,6 +487,150 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot keep the NVRAM in"));
         QCOMPARE(writeRecord(kTadc, QByteArray(18, '\1')), TAVO_ERR_FAILED);
         QCOMPARE(TavoSim::NvramRecord(kTadc), before);
+    }
+
+    void seededTpcData_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("low"); /* the band group's UARFCNs */
+        QTest::addColumn<int>("high");
+        QTest::newRow("1850-1930MHz") << 0 << 9250 << 9650;
+        QTest::newRow("2010-2025MHz") << 1 << 10050 << 10125;
+        QTest::newRow("1930-1990MHz") << 2 << 9650 << 9950;
+        QTest::newRow("2570-2620MHz") << 3 << 12850 << 13100;
+        QTest::newRow("2300-2400MHz") << 4 << 11500 << 12000;
+    }
+    /* A fresh target holds TPC data shaped like calibrated ones, the band
+     * group's own, in its NVRAM records; layer 1 hands out the same with two
+     * offsets. */
+    void seededTpcData()
+    {
+        QFETCH(int, band);
+        QFETCH(int, low);
+        QFETCH(int, high);
+        QVERIFY(useTarget({}));
+        TavoTxDacRecord dac{};
+        TavoTxClpcRecord clpc{};
+        const QByteArray raw = TavoSim::NvramRecord(kTxDacLids[band]);
+        const QByteArray rawClpc = TavoSim::NvramRecord(QString(kTxDacLids[band]).replace("TXDAC", "TXCLPC"));
+        QCOMPARE(TAVO_NVRAM_DecomposeTxDac(&dac, raw.constData(), uint32_t(raw.size())), TAVO_OK);
+        QCOMPARE(TAVO_NVRAM_DecomposeTxClpc(&clpc, rawClpc.constData(), uint32_t(rawClpc.size())), TAVO_OK);
+        for (int mode = 0; mode < 3; ++mode) {
+            QVERIFY(risesStrictly(dac.paVgaDac[mode], 4) && risesStrictly(dac.paPower[mode], 4));
+            QVERIFY(small(dac.subbandPowerComp[mode], 15) && small(dac.tempPowerComp[mode], 8));
+        }
+        QVERIFY(dac.paPower[0][3] > dac.paPower[1][3] && dac.paPower[1][3] > dac.paPower[2][3]);
+        QVERIFY(risesStrictly(dac.subbandMaxUarfcn, 15) && dac.subbandMaxUarfcn[0] > low);
+        QCOMPARE(int(dac.subbandMaxUarfcn[14]), high);
+        QCOMPARE((QList<int>{dac.hysteresisStart0, dac.hysteresisEnd0, dac.hysteresisStart1, dac.hysteresisEnd1}),
+                 (QList<int>{12, 12, 24, 24}));
+        QVERIFY(qAbs(dac.maxPower - 752) <= 16 && dac.paVgaDac[0][3] <= dac.maxVgaDac);
+        QCOMPARE(int(dac.maxVgaDac), 3190);
+        QVERIFY(clpc.pdPoint[0] > clpc.pdPoint[1] && clpc.pdPoint[1] > clpc.pdPoint[2]);
+        QVERIFY(small(clpc.pdSubbandComp, 15) && clpc.pdSubbandComp[14] != 0);
+
+        const QByteArray layer1 = txRead(band, AST_TAVO_NVRAM_TX_DAC_READ);
+        QCOMPARE(layer1.left(228), QByteArray(reinterpret_cast<const char *>(&dac), 228));
+        const int16_t offsets[2] = {int16_t(u16At(layer1, 228)), int16_t(u16At(layer1, 230))};
+        QVERIFY(offsets[0] != 0 && offsets[1] != 0 && small(offsets, 2));
+        QCOMPARE(txRead(band, AST_TAVO_NVRAM_TX_CLPC_READ), QByteArray(reinterpret_cast<const char *>(&clpc), 36));
+    }
+
+    void txRequests_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<bool>("write");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("version");
+        QTest::addColumn<int>("lidCode");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<int>("resultCode"); /* -1: no confirm */
+        const int dacRead = AST_TAVO_NVRAM_TX_DAC_READ, dacWrite = AST_TAVO_NVRAM_TX_DAC_WRITE;
+        const int clpcRead = AST_TAVO_NVRAM_TX_CLPC_READ, ok = AST_TAVO_NVRAM_OPER_SUCCESS;
+        const int unknown = AST_TAVO_NVRAM_OPER_UNKNOWN_LID;
+        QTest::newRow("TX DAC read") << "default" << false << 0 << 2 << dacRead << 0 << ok;
+        QTest::newRow("unknown lidCode") << "default" << false << 0 << 2 << 0x1234 << 0 << unknown;
+        QTest::newRow("write code to the read command") << "default" << false << 1 << 2 << dacWrite << 0 << unknown;
+        QTest::newRow("version 1") << "default" << true << 0 << 1 << dacWrite << 0 << int(AST_TAVO_NVRAM_OPER_BAD_VERSION);
+        QTest::newRow("band 5") << "default" << true << 5 << 2 << dacWrite << 0 << int(AST_TAVO_NVRAM_OPER_BAD_BAND);
+        QTest::newRow("group without a band of the target")
+            << "nvram-v2-no-clpc" << false << 2 << 2 << dacRead << 0 << int(AST_TAVO_NVRAM_OPER_BAND_NOT_SUPPORTED);
+        QTest::newRow("TX CLPC without closed-loop power control")
+            << "nvram-v2-no-clpc" << false << 0 << 2 << clpcRead << 0 << unknown;
+        QTest::newRow("TX DAC without closed-loop power control")
+            << "nvram-v2-no-clpc" << true << 4 << 2 << dacWrite << 0 << ok;
+        QTest::newRow("NVRAM-generation target")
+            << "v1-pathloss-v2" << false << 0 << 2 << dacRead << int(TAVO_ERR_NOT_SUPPORTED) << -1;
+    }
+    /* A request the target turns down gets a resultCode other than 30 in the
+     * confirm's head, nothing behind it, and changes no data. */
+    void txRequests()
+    {
+        QFETCH(QString, profile);
+        QFETCH(bool, write);
+        QFETCH(int, band);
+        QFETCH(int, version);
+        QFETCH(int, lidCode);
+        QFETCH(int, resultCode);
+        QVERIFY(TavoSim::LoadProfile(profile));
+        const QByteArray stores = allTpcStores();
+        const QByteArray body(kDacSize - kHead, '\7');
+        const auto answer = txCall(write, txRequest(band, lidCode, body, version));
+
+        QTEST(int(answer.first), "result");
+        if (resultCode < 0) {
+            QCOMPARE(answer.second, kUntouchedConfirm);
+            return;
+        }
+        const QByteArray &confirm = answer.second;
+        QCOMPARE((QList<int>{u16At(confirm, 0), u16At(confirm, 4), u16At(confirm, 6)}), (QList<int>{band, resultCode, 0}));
+        const bool done = resultCode == AST_TAVO_NVRAM_OPER_SUCCESS;
+        QCOMPARE(confirm.mid(kHead) == kUntouchedConfirm.mid(kHead), write || !done);
+        QCOMPARE(allTpcStores() == stores, !write || !done);
+    }
+
+    void txWriteKept_data()
+    {
+        QTest::addColumn<int>("readCode");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<QString>("then");
+        const int dac = AST_TAVO_NVRAM_TX_DAC_READ, clpc = AST_TAVO_NVRAM_TX_CLPC_READ;
+        QTest::newRow("TX DAC, patch that resizes TX DAC records") << dac << 1 << "patch";
+        QTest::newRow("TX DAC, next process") << dac << 4 << "reopen";
+        QTest::newRow("TX CLPC, next process") << clpc << 0 << "reopen";
+    }
+    /* What a write gives is what the next read gives, byte for byte, for that
+     * band alone; like an NVRAM record it stays across a reset and a patch,
+     * and in the NVRAM file for the next process. */
+    void txWriteKept()
+    {
+        QFETCH(int, readCode);
+        QFETCH(int, band);
+        QFETCH(QString, then);
+        QTemporaryDir dir;
+        QVERIFY(useTarget({}));
+        QVERIFY(TavoSim::SetNvramFile(dir.filePath("nvram.json")));
+        const int other = (band + 1) % 5;
+        const QByteArray seeded = txRead(band, readCode), otherSeeded = txRead(other, readCode);
+        QByteArray written(seeded.size(), '\0');
+        for (int i = 0; i < written.size(); ++i)
+            written[i] = char(i * 7 + band);
+        const auto answer = txCall(true, txRequest(band, readCode + 1, written));
+        QCOMPARE(answer.first, TAVO_OK);
+        QCOMPARE(u16At(answer.second, 4), int(AST_TAVO_NVRAM_OPER_SUCCESS));
+        QCOMPARE(txRead(band, readCode), written);
+
+        if (then == "patch") {
+            QVERIFY(TavoSim::PatchProfile(json(R"({"database": {"maxPaPowerBandGroups": [0]}})")));
+            QCOMPARE(TavoSim::NvramRecord(kTxDacLids[band]).size(), 224);
+        } else {
+            QVERIFY(TavoSim::SetNvramFile(QString()));
+            QVERIFY(TavoSim::LoadProfile("default"));
+            QCOMPARE(txRead(band, readCode), seeded);
+            QVERIFY(TavoSim::SetNvramFile(dir.filePath("nvram.json")));
+        }
+        QCOMPARE(txRead(band, readCode), written);
+        QCOMPARE(txRead(other, readCode), otherSeeded);
     }
 };
 
