@@ -39,7 +39,7 @@ void WriteDecibelList(TIniFile *file, const std::string &section, const std::str
 {
     double values[15];
     for (int i = 0; i < count; ++i)
-        values[i] = double(stored[i]);
+        values[i] = stored[i] * kDbPerStep;
     char text[15 * 24];
     FormatDoubleList(text, values, count, ',', 5);
     file->WriteString(section, key, text);

@@ -60,7 +60,7 @@ def main(argv):
             values = found[key].split(",")
             if len(values) != count or not all(form.match(v) for v in values):
                 problems.append("%s: %s = %s" % (section, key, found[key]))
-            elif form is not INTEGER and any(abs(float(v)) > 2048 for v in values):
+            elif form is not INTEGER and any(abs(float(v)) > 128 for v in values):
                 problems.append("%s: %s not in dB: %s" % (section, key, found[key]))
     for problem in problems:
         print(problem)
