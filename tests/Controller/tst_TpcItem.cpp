@@ -1,5 +1,6 @@
 // The TPC items of both record generations between the simulated target,
-// the item and Cal/INI files.
+// the item and Cal/INI files, and through them the NVRAM upload and download
+// every calibration item inherits from the item base.
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -41,6 +42,34 @@ STdscdmaUITpcDataByBandV3 Pattern(int band)
     for (size_t i = 0; i < sizeof data / 2; ++i)
         words[i] = uint16_t(band * 1000 + int(i) * 7 - 300);
     return data;
+}
+
+QList<QByteArray> TxDacRecords()
+{
+    QList<QByteArray> records;
+    for (int band = 0; band < kBands; ++band)
+        records << TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(band));
+    return records;
+}
+
+QList<bool> ValidBands(const CTdscdmaTpc &item)
+{
+    QList<bool> valid;
+    for (int band = 0; band < kBands; ++band)
+        valid << item.IsBandValid(band);
+    return valid;
+}
+
+bool Save(CTdscdmaTpc &item, const QString &path)
+{
+    TIniFile file(path);
+    return item.WriteToFile(&file) == 0 && file.Save();
+}
+
+bool Load(CTdscdmaTpc &item, const QString &path)
+{
+    TIniFile file(path);
+    return item.ReadFromFile(&file) == 0;
 }
 
 bool SameTxDac(const TavoTxDacRecord &a, const TavoTxDacRecord &b, bool withMaxPower)
@@ -97,31 +126,20 @@ private slots:
         QFETCH(bool, apcEx);
         QVERIFY(UseTarget(generation, txClpcMode, apcEx));
         QTemporaryDir dir;
-        const QString exported = dir.filePath("exported.ini");
+        const QString exported = dir.filePath("exported.ini"), reexported = dir.filePath("reexported.ini");
         CTpcCalItem descriptor;
-        CTdscdmaTpc &item = descriptor.Tpc();
-        QCOMPARE(bool(qobject_cast<CTdscdmaTpcV3 *>(&item)), generation == "commands");
+        auto *v3 = qobject_cast<CTdscdmaTpcV3 *>(&descriptor.Tpc());
+        QCOMPARE(bool(v3), generation == "commands");
 
-        QByteArray before[kBands];
-        for (int band = 0; band < kBands; ++band)
-            before[band] = TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(band));
-        QCOMPARE(int(item.UploadFromFlash()), 0);
-        auto *v3 = qobject_cast<CTdscdmaTpcV3 *>(&item);
+        const QList<QByteArray> before = TxDacRecords();
+        QCOMPARE(int(descriptor.Tpc().UploadFromFlash()), 0);
         const STdscdmaUITpcDataByBandV3 uploaded = v3 ? v3->GetBandDataV3(1) : STdscdmaUITpcDataByBandV3{};
-        {
-            TIniFile file(exported);
-            QCOMPARE(int(item.WriteToFile(&file)), 0);
-            QVERIFY(file.Save());
-        }
-        CheckWithAnotherReader(exported, txClpcMode == 1, apcEx, generation == "commands");
+        QVERIFY(Save(descriptor.Tpc(), exported));
+        CheckWithAnotherReader(exported, txClpcMode == 1, apcEx, v3);
         CTpcCalItem other;
-        {
-            TIniFile file(exported);
-            QCOMPARE(int(other.Tpc().ReadFromFile(&file)), 0);
-        }
+        QVERIFY(Load(other.Tpc(), exported));
         QCOMPARE(int(other.Tpc().DownloadToFlash()), 0);
-        for (int band = 0; band < kBands; ++band)
-            QCOMPARE(TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(band)), before[band]);
+        QCOMPARE(TxDacRecords(), before);
         if (v3) {
             CTpcCalItem fresh;
             QCOMPARE(int(fresh.Tpc().UploadFromFlash()), 0);
@@ -130,26 +148,12 @@ private slots:
         }
 
         // Every field reaches the target and comes back through a file.
-        const QString reexported = dir.filePath("reexported.ini");
-        for (int band = 0; band < kBands; ++band) {
-            if (v3)
-                other.TpcV3Obj().SetBandDataV3(band, Pattern(band));
-            else
-                other.Tpc().SetBandData(band, Pattern(band));
-        }
+        for (int band = 0; band < kBands; ++band)
+            v3 ? other.TpcV3Obj().SetBandDataV3(band, Pattern(band)) : other.Tpc().SetBandData(band, Pattern(band));
         QCOMPARE(int(other.Tpc().DownloadToFlash()), 0);
-        CTpcCalItem last;
+        CTpcCalItem last, fromFile;
         QCOMPARE(int(last.Tpc().UploadFromFlash()), 0);
-        {
-            TIniFile file(reexported);
-            QCOMPARE(int(last.Tpc().WriteToFile(&file)), 0);
-            QVERIFY(file.Save());
-        }
-        CTpcCalItem fromFile;
-        {
-            TIniFile file(reexported);
-            QCOMPARE(int(fromFile.Tpc().ReadFromFile(&file)), 0);
-        }
+        QVERIFY(Save(last.Tpc(), reexported) && Load(fromFile.Tpc(), reexported));
         for (int band = 0; band < kBands; ++band) {
             const STdscdmaUITpcDataByBandV3 expected = Pattern(band);
             const STdscdmaUITpcDataByBand got = fromFile.Tpc().GetBandData(band);
@@ -162,108 +166,125 @@ private slots:
                 QCOMPARE(fromFile.TpcV3Obj().GetBandDataV3(band).paMidPowerOffset, expected.paMidPowerOffset);
             }
         }
-        TIniFile again(dir.filePath("again.ini"));
-        QCOMPARE(int(fromFile.Tpc().WriteToFile(&again)), 0);
-        QVERIFY(again.Save());
+        QVERIFY(Save(fromFile.Tpc(), dir.filePath("again.ini")));
         QCOMPARE(TestFiles::Read(dir.filePath("again.ini")), TestFiles::Read(reexported));
     }
 
-    void fileValues_data()
+    void readFromFile_data()
     {
         QTest::addColumn<bool>("apcEx");
-        QTest::addColumn<QByteArray>("keys"); // of the 2010-2025MHz section
-        QTest::addColumn<QString>("field");
+        QTest::addColumn<QByteArray>("content"); // null: no file object
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QList<bool>>("validBands");
+        QTest::addColumn<QString>("field"); // of band 1
         QTest::addColumn<QList<int>>("stored");
-        QTest::newRow("two of four powers") << false << QByteArray("Power, PA low mode = 1.5,-1.5") << "paPower low"
-                                            << QList<int>{48, -48, 0, 0};
-        QTest::newRow("fraction towards zero") << false << QByteArray("Power, PA low mode = 1.99999,-1.99999,0.09375")
-                                               << "paPower low" << QList<int>{63, -63, 3, 0};
-        QTest::newRow("garbage reads as zero") << false << QByteArray("Power, PA low mode = abc") << "paPower low"
-                                               << QList<int>{0, 0, 0, 0};
-        QTest::newRow("largest and smallest power") << false << QByteArray("Power, PA low mode = 1023.96875,-1024")
-                                                    << "paPower low" << QList<int>{32767, -32768, 0, 0};
-        QTest::newRow("hysteresis defaults") << false << QByteArray("START1 = 5") << "hysteresis"
+        const QList<bool> none{false, false, false, false, false}, band1{false, true, false, false, false};
+        const auto band1Keys = [](const char *keys) { return "[TDSCDMA 2010-2025MHz TPC]\n" + QByteArray(keys); };
+        QTest::newRow("no file") << true << QByteArray() << 50 << none << "" << QList<int>();
+        QTest::newRow("no TPC section") << true << QByteArray("[TDSCDMA 2010-2025MHz RX loss]\nA = 1\n") << 51 << none
+                                        << "" << QList<int>();
+        QTest::newRow("two of five bands") << true
+                                           << QByteArray("[TDSCDMA 1850-1930MHz TPC]\n[TDSCDMA 2300-2400MHz TPC]\n")
+                                           << 0 << QList<bool>{true, false, false, false, true} << "" << QList<int>();
+        QTest::newRow("fraction towards zero") << false << band1Keys("Power, PA low mode = 1.99999,-1.99999,0.09375")
+                                               << 0 << band1 << "paPower low" << QList<int>{63, -63, 3, 0};
+        QTest::newRow("garbage reads as zero") << false << band1Keys("Power, PA low mode = abc") << 0 << band1
+                                               << "paPower low" << QList<int>{0, 0, 0, 0};
+        QTest::newRow("hysteresis defaults") << false << band1Keys("START1 = 5") << 0 << band1 << "hysteresis"
                                              << QList<int>{5, 12, 24, 24};
-        QTest::newRow("max power defaults") << false << QByteArray("") << "max" << QList<int>{752, 3190};
-        QTest::newRow("max power offsets") << true << QByteArray("Max Power Offset (dB) = -1\nUPA Max Power Offset (dB) = 2047.96875")
-                                           << "max" << QList<int>{-32, 65535};
+        QTest::newRow("max power defaults") << false << band1Keys("") << 0 << band1 << "max" << QList<int>{752, 3190};
+        QTest::newRow("max power offsets")
+            << true << band1Keys("Max Power Offset (dB) = -1\nUPA Max Power Offset (dB) = 2047.96875") << 0 << band1
+            << "max" << QList<int>{-32, 65535};
     }
-    // What the keys of a section store, and what their absence stores.
-    void fileValues()
+    // What the keys of a section store, and what their absence stores. A
+    // band without a section keeps its data, stays invalid and is not written
+    // by the next download.
+    void readFromFile()
     {
         QFETCH(bool, apcEx);
-        QFETCH(QByteArray, keys);
+        QFETCH(QByteArray, content);
         QFETCH(QString, field);
         QVERIFY(UseTarget("records", 1, apcEx));
         QTemporaryDir dir;
         const QString path = dir.filePath("tpc.ini");
-        QVERIFY(TestFiles::Write(path, "[TDSCDMA 2010-2025MHz TPC]\n" + keys + "\n"));
         CTdscdmaTpc item;
-        TIniFile file(path);
-        QCOMPARE(int(item.ReadFromFile(&file)), 0);
-        QVERIFY(item.IsBandValid(1) && !item.IsBandValid(0));
+        item.SetBandData(2, Pattern(2));
+        std::unique_ptr<TIniFile> file;
+        if (!content.isNull()) {
+            QVERIFY(TestFiles::Write(path, content + "\n"));
+            file = std::make_unique<TIniFile>(path);
+        }
+        QTEST(int(item.ReadFromFile(file.get())), "code");
+        QTEST(ValidBands(item), "validBands");
+        const STdscdmaUITpcDataByBandV3 kept = Pattern(2);
+        QVERIFY(SameTxDac(item.GetBandData(2).txDac, kept.txDac, true));
         const TavoTxDacRecord txDac = item.GetBandData(1).txDac;
         QList<int> stored;
         if (field == "paPower low")
             stored = QList<int>(txDac.paPower[2], txDac.paPower[2] + 4);
         else if (field == "hysteresis")
             stored = {txDac.hysteresisStart0, txDac.hysteresisEnd0, txDac.hysteresisStart1, txDac.hysteresisEnd1};
-        else
+        else if (field == "max")
             stored = {txDac.maxPower, txDac.maxVgaDac};
         QTEST(stored, "stored");
+        if (item.IsDataValid()) {
+            const QByteArray band2 = TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(2));
+            QCOMPARE(int(item.DownloadToFlash()), 0);
+            QCOMPARE(TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(2)), band2);
+        }
     }
 
     void failures_data()
     {
         QTest::addColumn<QString>("generation");
         QTest::addColumn<QString>("movement");
-        QTest::addColumn<QString>("call");
+        QTest::addColumn<QString>("call"); // fails once: with TAVO_ERR_FAILED on upload, TAVO_ERR_BUSY on download
         QTest::addColumn<QStringList>("args");
         QTest::addColumn<int>("code");
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QList<bool>>("validBands");
+        QTest::addColumn<int>("valid");   // bands 0 to n - 1 are valid afterwards
         QTest::addColumn<int>("written"); // TX DAC records of bands 0 to n - 1 reach the target
         const QString failed = "TAVO_RESULT = TAVO_ERR_FAILED: the target answered with a failure";
-        const QList<bool> none{false, false, false, false, false};
+        const QString busy = "TAVO_RESULT = TAVO_ERR_BUSY: the target is in a state that refuses the command";
         QTest::newRow("record read of band 3") << "records" << "upload" << "TAVO_NVRAM_Read_r"
                                                << QStringList{"lid=NVRAM_EF_AST_TL1_TXCLPC_BAND38_LID"} << 3 << failed
-                                               << none << 0;
+                                               << 0 << 0;
         QTest::newRow("no database") << "records" << "upload" << "database" << QStringList() << 100
-                                     << "TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded" << none << 0;
+                                     << "TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded" << 0 << 0;
         QTest::newRow("decompose") << "records" << "upload" << "TAVO_NVRAM_DecomposeTxDac" << QStringList() << 101
-                                   << failed << none << 0;
+                                   << failed << 0 << 0;
         QTest::newRow("record write of band 3") << "records" << "download" << "TAVO_NVRAM_Write_r"
-                                                << QStringList{"lid=NVRAM_EF_AST_TL1_TXDAC_BAND38_LID"} << 3 << failed
-                                                << QList<bool>{true, true, true, true, true} << 3;
+                                                << QStringList{"lid=NVRAM_EF_AST_TL1_TXDAC_BAND38_LID"} << 3 << busy
+                                                << kBands << 3;
         QTest::newRow("compose") << "records" << "download" << "TAVO_NVRAM_ComposeTxClpc" << QStringList() << 102
-                                 << failed << QList<bool>{true, true, true, true, true} << 0;
+                                 << busy << kBands << 0;
         QTest::newRow("command read of band 2") << "commands" << "upload" << "AST_Tavo_NVRAM_TX_Read_r"
-                                                << QStringList{"band=2"} << 3 << "" << QList<bool>{true, true, false, false, false} << 0;
+                                                << QStringList{"band=2"} << 3 << "" << 2 << 0;
         // The target stops keeping TX CLPC data after the tool looked.
         QTest::newRow("command refused") << "commands" << "upload" << "closed loop gone" << QStringList() << 1
                                          << "result code != NVRAM_OPER_SUCCESS\nresult_code:31\nNVRAM_OPER_SUCCESS:30"
-                                         << none << 0;
+                                         << 0 << 0;
         QTest::newRow("command write of band 1") << "commands" << "download" << "AST_Tavo_NVRAM_TX_Write_r"
-                                                 << QStringList{"band=1"} << 3 << ""
-                                                 << QList<bool>{true, true, true, true, true} << 0;
+                                                 << QStringList{"band=1"} << 3 << "" << kBands << 0;
     }
     // A failing call gives its code and text, leaves the bands it did not
-    // reach as they were on the target and in the item.
+    // reach as they were on the target and in the item. With no band valid
+    // the next download refuses without a call to the target.
     void failures()
     {
         QFETCH(QString, generation);
         QFETCH(QString, movement);
         QFETCH(QString, call);
         QFETCH(QStringList, args);
-        QFETCH(QList<bool>, validBands);
+        QFETCH(int, valid);
         QFETCH(int, written);
         QVERIFY(UseTarget(generation, 1, true));
         CTpcCalItem descriptor;
         CTdscdmaTpc &item = descriptor.Tpc();
-        QByteArray before[kBands];
-        for (int band = 0; band < kBands; ++band)
-            before[band] = TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(band));
-        if (movement == "download") {
+        const QList<QByteArray> before = TxDacRecords();
+        const bool upload = movement == "upload";
+        if (!upload) {
             QCOMPARE(int(item.UploadFromFlash()), 0);
             for (int band = 0; band < kBands; ++band)
                 item.SetBandData(band, Pattern(band));
@@ -275,62 +296,27 @@ private slots:
             const QJsonObject open{{"rfCapability", QJsonObject{{"txClpcMode", 0}}}};
             QVERIFY(TavoSim::PatchProfile({{"tdscdma", open}}));
         } else {
-            TavoSim::InjectFault({call, args, TAVO_ERR_FAILED, 1});
+            TavoSim::InjectFault({call, args, upload ? TAVO_ERR_FAILED : TAVO_ERR_BUSY, 1});
         }
 
-        const uint32_t code = movement == "upload" ? item.UploadFromFlash() : item.DownloadToFlash();
-        QTEST(int(code), "code");
+        QTEST(int(upload ? item.UploadFromFlash() : item.DownloadToFlash()), "code");
         QTEST(item.GetErrorMessage(), "text");
-        QList<bool> valid;
+        QList<bool> validBands;
         for (int band = 0; band < kBands; ++band)
-            valid << item.IsBandValid(band);
-        QCOMPARE(valid, validBands);
-        if (generation == "records") {
-            for (int band = 0; band < kBands; ++band)
-                QCOMPARE(TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(band)) != before[band], band < written);
+            validBands << (band < valid);
+        QCOMPARE(ValidBands(item), validBands);
+        const QList<QByteArray> after = TxDacRecords();
+        for (int band = 0; generation == "records" && band < kBands; ++band)
+            QCOMPARE(after[band] != before[band], band < written);
+        if (valid == 0) {
+            TavoSim::ClearCallLog();
+            QCOMPARE(int(item.DownloadToFlash()), 2);
+            QCOMPARE(item.GetErrorMessage(),
+                     QString("Data is not valid now.\nYou should load it from file or upload it from flash."));
+            QCOMPARE(TavoSim::CallNames(), QStringList());
         }
     }
 
-    void fileSections_data()
-    {
-        QTest::addColumn<QByteArray>("content"); // null: no file object
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QList<bool>>("validBands");
-        QTest::newRow("no file") << QByteArray() << 50 << QList<bool>{false, false, false, false, false};
-        QTest::newRow("no TPC section") << QByteArray("[TDSCDMA 2010-2025MHz RX loss]\nA = 1\n") << 51
-                                        << QList<bool>{false, false, false, false, false};
-        QTest::newRow("two of five bands") << QByteArray("[TDSCDMA 1850-1930MHz TPC]\n[TDSCDMA 2300-2400MHz TPC]\n") << 0
-                                           << QList<bool>{true, false, false, false, true};
-    }
-    // A band without a section keeps its data, stays invalid and is not
-    // written by the next download.
-    void fileSections()
-    {
-        QFETCH(QByteArray, content);
-        QVERIFY(UseTarget("records", 1, true));
-        QTemporaryDir dir;
-        const QString path = dir.filePath("tpc.ini");
-        CTdscdmaTpc item;
-        item.SetBandData(2, Pattern(2));
-        std::unique_ptr<TIniFile> file;
-        if (!content.isNull()) {
-            QVERIFY(TestFiles::Write(path, content));
-            file = std::make_unique<TIniFile>(path);
-        }
-        QTEST(int(item.ReadFromFile(file.get())), "code");
-        QList<bool> valid;
-        for (int band = 0; band < kBands; ++band)
-            valid << item.IsBandValid(band);
-        QTEST(valid, "validBands");
-        const STdscdmaUITpcDataByBandV3 kept = Pattern(2);
-        QVERIFY(SameTxDac(item.GetBandData(2).txDac, kept.txDac, true));
-        if (item.IsDataValid()) {
-            const QByteArray band2 = TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(2));
-            TavoSim::ClearCallLog();
-            QCOMPARE(int(item.DownloadToFlash()), 0);
-            QCOMPARE(TavoSim::NvramRecord(TdscdmaTpcBand::TxDacLid(2)), band2);
-        }
-    }
 };
 
 QTEST_GUILESS_MAIN(TestTpcItem)
