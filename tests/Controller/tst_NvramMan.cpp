@@ -17,12 +17,14 @@ const char kTadc[] = "NVRAM_EF_AST_TL1_TEMP_DAC_LID";
 const char kCap[] = "NVRAM_EF_AST_TL1_CAP_DATA_LID";
 const char kImei[] = "NVRAM_EF_IMEI_IMEISV_LID";
 const QString kStartEx = "TAVO_MISC_CalDataIntegrity_StartRec_Ex_r";
+const char *const kLids[] = {kTadc, kCap, kImei};
+const uint16_t kRecords[] = {1, 1, 2};
 
 // Three records of three LIDs, the last one record 2; each buffer holds the
 // record's size of `fill`.
 struct SBatch {
-    std::vector<const char *> lids{kTadc, kCap, kImei};
-    std::vector<uint16_t> records{1, 1, 2};
+    std::vector<const char *> lids{std::begin(kLids), std::end(kLids)};
+    std::vector<uint16_t> records{std::begin(kRecords), std::end(kRecords)};
     std::vector<uint32_t> sizes;
     std::vector<QByteArray> data;
     std::vector<uint8_t *> buffers;
@@ -36,7 +38,8 @@ struct SBatch {
         for (QByteArray &bytes : data)
             buffers.push_back(reinterpret_cast<uint8_t *>(bytes.data()));
     }
-    QByteArray Held(size_t i) const { return TavoSim::NvramRecord(lids[i], records[i]); }
+    // What the target holds of the record, whatever entry a test took out.
+    static QByteArray Held(size_t i) { return TavoSim::NvramRecord(kLids[i], kRecords[i]); }
     TAVO_RESULT Run(CNvramMan &man, bool write)
     {
         const int count = int(lids.size());
@@ -57,16 +60,24 @@ private slots:
     {
         QTest::addColumn<QString>("profile");
         QTest::addColumn<bool>("write");
-        QTest::addColumn<int>("failAt"); // index of the record whose call fails; -1: none
+        QTest::addColumn<int>("failAt"); // index of the record that fails; -1: none
+        QTest::addColumn<QString>("fault"); // "call": its transfer fails; else the entry left out of the record
         QTest::addColumn<int>("result");
         QTest::addColumn<QString>("modemQuery"); // fails on every record
-        QTest::newRow("read fails on the second") << "default" << false << 1 << int(TAVO_ERR_TIMEOUT) << "";
-        QTest::newRow("write fails on the second") << "default" << true << 1 << int(TAVO_ERR_LID_NOT_FOUND) << "";
-        QTest::newRow("C2K read") << "c2k-modem" << false << -1 << 0 << "";
-        QTest::newRow("C2K write fails on the first") << "c2k-modem" << true << 0 << int(TAVO_ERR_FAILED) << "";
+        QTest::newRow("read fails on the second") << "default" << false << 1 << "call" << int(TAVO_ERR_TIMEOUT) << "";
+        QTest::newRow("write fails on the second") << "default" << true << 1 << "call" << int(TAVO_ERR_LID_NOT_FOUND)
+                                                   << "";
+        QTest::newRow("C2K read") << "c2k-modem" << false << -1 << "" << 0 << "";
+        QTest::newRow("C2K write fails on the first") << "c2k-modem" << true << 0 << "call" << int(TAVO_ERR_FAILED)
+                                                      << "";
         // A whole batch, by the plain commands.
-        QTest::newRow("read, modem unknown") << "default" << false << -1 << 0 << "TavoConn_GetMdActiveIdx";
-        QTest::newRow("write, service unknown") << "default" << true << -1 << 0 << "TavoConn_GetMdSrv";
+        QTest::newRow("read, modem unknown") << "default" << false << -1 << "" << 0 << "TavoConn_GetMdActiveIdx";
+        QTest::newRow("write, service unknown") << "default" << true << -1 << "" << 0 << "TavoConn_GetMdSrv";
+        // An entry the target could not take ends the batch with 1 before any call for it.
+        QTest::newRow("read, no lid") << "default" << false << 1 << "lid" << 1 << "";
+        QTest::newRow("write, no record") << "default" << true << 1 << "record" << 1 << "";
+        QTest::newRow("read, no size") << "default" << false << 1 << "size" << 1 << "";
+        QTest::newRow("write, no buffer") << "default" << true << 1 << "buffer" << 1 << "";
     }
     // The records before a failure are done, the failing one and those after it
     // are untouched, and the result and the done signal carry the failure. A
@@ -76,6 +87,7 @@ private slots:
         QFETCH(QString, profile);
         QFETCH(bool, write);
         QFETCH(int, failAt);
+        QFETCH(QString, fault);
         QFETCH(int, result);
         QFETCH(QString, modemQuery);
         SimScope sim(profile);
@@ -83,11 +95,20 @@ private slots:
         if (!modemQuery.isEmpty())
             TavoSim::FailAlways(modemQuery);
         const bool c2k = profile == "c2k-modem";
-        const QString transport = QString(c2k ? "TAVO_C2K_NVRAM_%1_r" : "TAVO_NVRAM_%1_r").arg(write ? "Write" : "Read");
-        if (failAt >= 0)
+        const QString transport =
+            QString(c2k ? "TAVO_C2K_NVRAM_%1_r" : "TAVO_NVRAM_%1_r").arg(write ? "Write" : "Read");
+        if (fault == "call")
             TavoSim::InjectFault(transport, result, 1, failAt);
 
         SBatch batch('\x5a');
+        if (fault == "lid")
+            batch.lids[1] = nullptr;
+        else if (fault == "record")
+            batch.records[1] = 0;
+        else if (fault == "size")
+            batch.sizes[1] = 0;
+        else if (fault == "buffer")
+            batch.buffers[1] = nullptr;
         std::vector<QByteArray> before;
         for (size_t i = 0; i < batch.lids.size(); ++i)
             before.push_back(batch.Held(i));
@@ -103,19 +124,17 @@ private slots:
         QCOMPARE((write ? readDone : writeDone).count(), 0);
 
         const size_t doneRecords = failAt < 0 ? batch.lids.size() : size_t(failAt);
-        const QVector<TavoSim::CallRecord> log = TavoSim::CallLog();
-        QStringList transfers;
-        for (const TavoSim::CallRecord &call : log) {
+        QStringList transfers, expected;
+        for (const TavoSim::CallRecord &call : TavoSim::CallLog()) {
             if (call.name.contains("NVRAM_Read_r") || call.name.contains("NVRAM_Write_r"))
                 transfers << call.name + ' ' + call.args.join(' ');
         }
-        QCOMPARE(transfers.size(), int(failAt < 0 ? batch.lids.size() : size_t(failAt) + 1));
-        for (int i = 0; i < transfers.size(); ++i) {
-            QCOMPARE(transfers[i], QString("%1 lid=%2 record=%3 size=%4")
-                                       .arg(transport, batch.lids[size_t(i)])
-                                       .arg(batch.records[size_t(i)])
-                                       .arg(batch.sizes[size_t(i)]));
-        }
+        for (size_t i = 0; i < doneRecords + (fault == "call" ? 1 : 0); ++i)
+            expected << QString("%1 lid=%2 record=%3 size=%4")
+                            .arg(transport, batch.lids[i])
+                            .arg(batch.records[i])
+                            .arg(batch.sizes[i]);
+        QCOMPARE(transfers, expected);
         for (size_t i = 0; i < batch.lids.size(); ++i) {
             const QByteArray sent(batch.data[i].size(), '\x5a');
             if (write)
@@ -124,40 +143,6 @@ private slots:
                 QCOMPARE(batch.data[i], i < doneRecords ? before[i] : sent);
         }
         QCOMPARE(TavoSim::CallCount(kStartEx), write ? 1 : 0);
-    }
-
-    void badEntry_data()
-    {
-        QTest::addColumn<bool>("write");
-        QTest::addColumn<QString>("entry");
-        for (const bool write : {false, true}) {
-            for (const char *entry : {"lid", "record", "size", "buffer"})
-                QTest::addRow("%s, no %s", write ? "write" : "read", entry) << write << entry;
-        }
-    }
-    // An entry the target could not take ends the batch with 1 before any call
-    // for it; the integrity record still closes.
-    void badEntry()
-    {
-        QFETCH(bool, write);
-        QFETCH(QString, entry);
-        SimScope sim;
-        SBatch batch('\1');
-        if (entry == "lid")
-            batch.lids[1] = nullptr;
-        else if (entry == "record")
-            batch.records[1] = 0;
-        else if (entry == "size")
-            batch.sizes[1] = 0;
-        else
-            batch.buffers[1] = nullptr;
-        CNvramMan man;
-        QSignalSpy done(&man, write ? &CNvramMan::Signal_WriteNvramDone : &CNvramMan::Signal_ReadNvramDone);
-
-        QCOMPARE(batch.Run(man, write), 1);
-        QCOMPARE(done.count(), 1);
-        QCOMPARE(done.first().first().toInt(), 1);
-        QCOMPARE(TavoSim::CallNames().filter("NVRAM_").size(), 1);
         QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
     }
 
