@@ -33,19 +33,22 @@ QString Request(const char *group1, const char *group2 = nullptr)
     return QJsonDocument(model).toJson(QJsonDocument::Compact);
 }
 
-// What a movement of the controller told, in the order it told it.
-struct SMovementLog {
+// What the controller told, in the order it told it.
+struct SCoreLog {
+    QObject receiver;
     QList<int> progress;
-    QStringList done; // the done signals, by movement
+    QStringList done; // the done signals of the movements
     bool isAllSuccess = false;
-    QStringList results; // "name:code:message"
+    QStringList results;                      // of the movements: "name:code:message"
+    QVector<SEachItemOperationResult> others; // of the tests, their stops and the arming
+    std::string answer;                       // of the last test
 
-    void Listen(CTdscdmaCore *core, QObject *receiver)
+    explicit SCoreLog(CTdscdmaCore *core)
     {
-        QObject::connect(core, &IRfCoreCalDataOperation::Signal_FinishItemCount, receiver,
+        QObject::connect(core, &IRfCoreCalDataOperation::Signal_FinishItemCount, &receiver,
                          [this](int count, SEachItemOperationResult) { progress << count; });
-        const auto onDone = [this, core, receiver](auto signal, const char *name) {
-            QObject::connect(core, signal, receiver, [this, name](bool all, QVector<SEachItemOperationResult> items) {
+        const auto onDone = [this, core](auto signal, const char *name) {
+            QObject::connect(core, signal, &receiver, [this, name](bool all, QVector<SEachItemOperationResult> items) {
                 done << name;
                 isAllSuccess = all;
                 for (const SEachItemOperationResult &item : items)
@@ -56,6 +59,14 @@ struct SMovementLog {
         onDone(&IRfCoreCalDataOperation::Signal_DownloadToFlashDone, "download");
         onDone(&IRfCoreCalDataOperation::Signal_LoadFromFileDone, "load");
         onDone(&IRfCoreCalDataOperation::Signal_SaveToFileDone, "save");
+        QObject::connect(core, &CTdscdmaCore::Signal_TestDone, &receiver,
+                         [this](SEachItemOperationResult result, std::string text) {
+                             others << result;
+                             answer = text;
+                         });
+        const auto onOther = [this](SEachItemOperationResult result) { others << result; };
+        QObject::connect(core, &CTdscdmaCore::Signal_TestStopDone, &receiver, onOther);
+        QObject::connect(core, &CTdscdmaCore::Signal_SetUbinDone, &receiver, onOther);
     }
 };
 
@@ -85,22 +96,20 @@ private slots:
         QTest::addColumn<QString>("reason");
         QTest::addColumn<QString>("advice");
         const QJsonObject none;
+        const QString unknown = "We cannot get its support status: Failed to get ";
         QTest::newRow("fully capable") << "default" << none << "" << 1 << "Support" << "";
         QTest::newRow("C2K modem") << "c2k-modem" << none << "" << 2 << "It is C2K modem now." << "";
         QTest::newRow("multi-RAT without TD-SCDMA")
             << "no-tdscdma" << none << "" << 2 << "Not support this RAT from SW multi-RAT world mode ID info." << "";
-        QTest::newRow("multi-RAT query fails")
-            << "query-failure" << none << "" << 3
-            << "We cannot get its support status: Failed to get multi-RAT world mode ID info." << kQueryAdvice;
+        QTest::newRow("multi-RAT query fails") << "query-failure" << none << "" << 3
+                                               << unknown + "multi-RAT world mode ID info." << kQueryAdvice;
         QTest::newRow("GSM world mode without TD-SCDMA")
             << "legacy-v1" << Json(R"({"gsm": {"worldMode": ["gsm"]}})") << "" << 2
             << "Not support this RAT from SW GSM world mode ID info." << "";
-        QTest::newRow("GSM Ex3 fails")
-            << "legacy-v1" << none << "TAVO_Rf_QueryMSCapabilityEx3_r" << 3
-            << "We cannot get its support status: Failed to get GSM world mode ID info." << kQueryAdvice;
-        QTest::newRow("GSM Ex2 fails after Ex3")
-            << "legacy-v1" << none << "TAVO_Rf_QueryMSCapabilityEx2_r" << 3
-            << "We cannot get its support status: Failed to get GSM world mode ID info." << kQueryAdvice;
+        QTest::newRow("GSM Ex3 fails") << "legacy-v1" << none << "TAVO_Rf_QueryMSCapabilityEx3_r" << 3
+                                       << unknown + "GSM world mode ID info." << kQueryAdvice;
+        QTest::newRow("GSM Ex2 fails after Ex3") << "legacy-v1" << none << "TAVO_Rf_QueryMSCapabilityEx2_r" << 3
+                                                 << unknown + "GSM world mode ID info." << kQueryAdvice;
         // Once the multi-RAT world mode names TD-SCDMA, GSM is not asked.
         QTest::newRow("multi-RAT decides, GSM unasked")
             << "default" << none << "TAVO_Rf_QueryMSCapabilityEx3_r" << 1 << "Support" << "";
@@ -108,9 +117,8 @@ private slots:
                                                                    << "";
         QTest::newRow("no RAT information at all")
             << "bare" << none << "" << 2 << "Not Support due to without any this RAT info from SW." << "";
-        QTest::newRow("chip id query fails")
-            << "rf-chip-id-zero" << none << "AST_CAL_get_chipid_r" << 3
-            << "We cannot get its support status: Failed to get RF ID info." << kQueryAdvice;
+        QTest::newRow("chip id query fails") << "rf-chip-id-zero" << none << "AST_CAL_get_chipid_r" << 3
+                                             << unknown + "RF ID info." << kQueryAdvice;
         QTest::newRow("RF chip id 0") << "rf-chip-id-zero" << none << "" << 3
                                       << "Support this RAT but its RF ID is unknown status."
                                       << "Please check the SW load stability or tool version.";
@@ -154,8 +162,9 @@ private slots:
             << "modern-l1" << false << QStringList{tpc + "V3"} << QStringList{"RX Path Loss", "TPC", "Self Cal"};
         QTest::newRow("no structure version") << "legacy-v1" << true << QStringList{tadc, tpc}
                                               << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC"};
-        QTest::newRow("structure version 1") << "v1-pathloss-v2" << true << QStringList{tadc, tpc}
-                                             << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
+        QTest::newRow("structure version 1")
+            << "v1-pathloss-v2" << true << QStringList{tadc, tpc}
+            << QStringList{"AFC", "RX Path Loss", "TPC", "Temperature ADC", "Self Cal"};
         QTest::newRow("C2K modem: no items") << "c2k-modem" << true << QStringList{tadc, tpc + "V3"} << QStringList();
     }
     void whatTheTargetIsOffered()
@@ -219,19 +228,13 @@ private slots:
         TavoSim::ClearCallLog();
         if (!failingCall.isEmpty())
             TavoSim::FailOnce(failingCall);
-        QObject receiver;
-        QVector<SEachItemOperationResult> results;
-        std::string answer;
-        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver, [&](SEachItemOperationResult result, std::string m) {
-            results << result;
-            answer = m;
-        });
+        SCoreLog log(core);
 
         core->TestStart(item, request.toStdString());
-        QVERIFY(results.isEmpty()); // the test runs in the pool, never on the user interface thread
-        QTRY_COMPARE(results.size(), 1);
-        QCOMPARE(results[0].itemName, item);
-        QTEST(results[0].errorCode, "code");
+        QVERIFY(log.others.isEmpty()); // the test runs in the pool, never on the user interface thread
+        QTRY_COMPARE(log.others.size(), 1);
+        QCOMPARE(log.others[0].itemName, item);
+        QTEST(log.others[0].errorCode, "code");
         QStringList calls;
         for (const TavoSim::CallRecord &call : TavoSim::CallLog())
             calls << call.name + "(" + call.args.join(",") + ")";
@@ -239,7 +242,7 @@ private slots:
         QStringList shown;
         for (const char *member : kRssiShown) {
             const QString path = QString("cmdIf.response.group1.memberProperty.%1.trait.defaultValue").arg(member);
-            const QJsonValue value = GetJsonValueConst(Json(answer.c_str()), path);
+            const QJsonValue value = GetJsonValueConst(Json(log.answer.c_str()), path);
             if (IsJsonValueDefined(value))
                 shown << value.toString();
         }
@@ -261,12 +264,10 @@ private slots:
         QFETCH(bool, enable);
         SimScope sim("legacy-v1");
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-        QObject receiver;
-        QVector<int> codes;
-        connect(core, &CTdscdmaCore::Signal_SetUbinDone, &receiver,
-                [&codes](SEachItemOperationResult result) { codes << result.errorCode; });
+        SCoreLog log(core);
         core->SetUbin(enable);
-        QTRY_COMPARE(codes, QVector<int>{0});
+        QTRY_COMPARE(log.others.size(), 1);
+        QCOMPARE(log.others[0].errorCode, 0);
         QTEST(TavoSim::CallNames().filter(QRegularExpression("^AST_(UBIN|CAL_tl1)")), "calls");
         QVERIFY(!TavoSim::IsUbinEnabled());
     }
@@ -288,7 +289,8 @@ private slots:
                                   << QStringList{"download"};
         QTest::newRow("load") << "load" << QStringList{"Fake Good", "Fake Bad"} << false << QStringList{good, bad}
                               << QStringList{"read", "read"};
-        QTest::newRow("save") << "save" << QStringList{"Fake Good"} << true << QStringList{good} << QStringList{"write"};
+        QTest::newRow("save") << "save" << QStringList{"Fake Good"} << true << QStringList{good}
+                              << QStringList{"write"};
         // An unknown name stands for item 0, whose data no object moves yet.
         QTest::newRow("unknown name") << "upload" << QStringList{"Nonsense"} << false
                                       << QStringList{"Nonsense:2:"} << QStringList();
@@ -311,9 +313,7 @@ private slots:
         });
         QTemporaryDir folder;
         TIniFile file(folder.filePath("items.ini"));
-        QObject receiver;
-        SMovementLog log;
-        log.Listen(core, &receiver);
+        SCoreLog log(core);
 
         if (movement == "upload")
             core->UploadFromFlash(items);
@@ -335,36 +335,23 @@ private slots:
     }
 
     // A page item added as a descriptor is served like the tool's own: its
-    // page ends the page list, its model and its test's answer reach the
-    // page, and a stop it has none of takes the common stop.
+    // test's answer reaches the page, and a stop it has none of takes the
+    // common stop (its page and model: tests/View/tst_TdscdmaRadbenchForm).
     void addedPageItemIsServed()
     {
         SimScope sim;
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
         QVERIFY(!core->AddPageItem(std::make_unique<CFakePageItem>(5)));
         auto restore = qScopeGuard([core] { core->TakePageItem(CFakePageItem::kId); });
-
-        QCOMPARE(core->GetInitPageList().last(), QString("CFakePageDockWidget"));
-        const std::string model = core->GetDataModel("Fake Page");
-        QCOMPARE(Json(model.c_str()).value("modelName").toString(), QString("BBReg"));
-
-        QObject receiver;
-        QVector<SEachItemOperationResult> results;
-        std::string answer;
-        connect(core, &CTdscdmaCore::Signal_TestDone, &receiver, [&](SEachItemOperationResult result, std::string m) {
-            results << result;
-            answer = m;
-        });
-        connect(core, &CTdscdmaCore::Signal_TestStopDone, &receiver,
-                [&](SEachItemOperationResult result) { results << result; });
+        SCoreLog log(core);
         core->TestStart("Fake Page", R"({"value": "echo"})");
-        QTRY_COMPARE(results.size(), 1);
-        QCOMPARE(results[0].errorCode, 5);
-        QCOMPARE(answer, std::string("echo"));
+        QTRY_COMPARE(log.others.size(), 1);
+        QCOMPARE(log.others[0].errorCode, 5);
+        QCOMPARE(log.answer, std::string("echo"));
 
         core->TestStopByItem("Fake Page", "{}");
-        QTRY_COMPARE(results.size(), 2);
-        QCOMPARE(results[1].errorCode, 0);
+        QTRY_COMPARE(log.others.size(), 2);
+        QCOMPARE(log.others[1].errorCode, 0);
         QCOMPARE(TavoSim::CallCount("AST_CAL_stop_r"), 1);
     }
 };
