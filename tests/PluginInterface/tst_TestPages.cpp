@@ -144,6 +144,14 @@ private slots:
         QTRY_COMPARE(Status(), stopped);
         QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
         QVERIFY(start->isEnabled() && !stop->isEnabled());
+
+        // Turning to another tab stops it as well; the page rests.
+        QTest::mouseClick(start, Qt::LeftButton);
+        QTRY_VERIFY(stop->isEnabled());
+        ShowPage("CTdscdmaRssiDockWidget");
+        QTRY_COMPARE(TavoSim::RadioActivity(), QString("idle"));
+        QVERIFY(!dock->isEnabled());
+        QTRY_VERIFY(start->isEnabledTo(dock));
     }
 
     void failuresLeaveThePageUsable_data()
@@ -206,21 +214,6 @@ private slots:
             QCOMPARE(start->isEnabled(), pressed == start);
             QCOMPARE(stop->isEnabled(), pressed == stop);
         }
-    }
-
-    void turningToAnotherTabStopsTheTransmission()
-    {
-        QVERIFY(Open());
-        QDockWidget *tx = ShowPage("CTdscdmaContTxDockWidget");
-        QTest::mouseClick(Find<QToolButton>(tx, "m_start"), Qt::LeftButton);
-        QTRY_VERIFY(Find<QToolButton>(tx, "m_stop")->isEnabled());
-        QCOMPARE(TavoSim::RadioActivity(), QString("tx 9550"));
-
-        ShowPage("CTdscdmaRssiDockWidget");
-        QTRY_COMPARE(TavoSim::RadioActivity(), QString("idle"));
-        QVERIFY(TavoSim::CallNames().contains("AST_RFTEST_TXOn_r"));
-        QVERIFY(!tx->isEnabled()); // the stacked page rests
-        QTRY_VERIFY(Find<QToolButton>(tx, "m_start")->isEnabledTo(tx));
     }
 
     void dpchTxWithTheModelsDefaults()
@@ -292,7 +285,14 @@ private:
         m_busy->clear();
         return true;
     }
-    QDockWidget *ShowPage(const QString &page);
+    QDockWidget *ShowPage(const QString &page)
+    {
+        auto *dock = m_window->findChild<QDockWidget *>(page);
+        if (!dock)
+            return nullptr;
+        dock->raise();
+        return QTest::qWaitFor([dock] { return dock->isVisible() && dock->isEnabled(); }, 2000) ? dock : nullptr;
+    }
     template <typename W>
     W *Find(QDockWidget *page, const QString &name)
     {
@@ -309,16 +309,6 @@ private:
     QWidget *m_window = nullptr;
     QSignalSpy *m_busy = nullptr;
 };
-
-QDockWidget *TestTestPages::ShowPage(const QString &page)
-{
-    auto *dock = m_window->findChild<QDockWidget *>(page);
-    if (!dock)
-        return nullptr;
-    dock->raise();
-    const bool shown = QTest::qWaitFor([dock] { return dock->isVisible() && dock->isEnabled(); }, 2000);
-    return shown ? dock : nullptr;
-}
 
 QTEST_MAIN(TestTestPages)
 #include "tst_TestPages.moc"
