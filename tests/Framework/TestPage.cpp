@@ -11,6 +11,7 @@
 #include <QSpinBox>
 #include <QTableWidget>
 
+#include "JsonPath.h"
 #include "UnsignedSpinBox.h"
 
 TestPage::TestPage(int isCalDataPage) : m_calData(isCalDataPage)
@@ -59,6 +60,8 @@ QWidget *TestPage::AddOf(const QString &className, const QString &name)
 
 void TestPage::AddWidgetsFor(const QJsonObject &model)
 {
+    static const QMap<QString, QString> classes{
+        {"list", "QComboBox"}, {"range", "QSpinBox"}, {"pointRange", "QDoubleSpinBox"}, {"boolean", "QCheckBox"}};
     const QString interface = model.contains("cmdIf") ? "cmdIf" : "calDataIf";
     const QJsonObject sections = model.value(interface).toObject();
     for (auto section = sections.begin(); section != sections.end(); ++section) {
@@ -66,32 +69,15 @@ void TestPage::AddWidgetsFor(const QJsonObject &model)
         for (auto group = groups.begin(); group != groups.end(); ++group) {
             const QJsonObject groupObject = group.value().toObject();
             const QString prefix = interface + "_" + section.key() + "_" + group.key() + "_memberProperty_";
-            const QJsonArray members = groupObject.value("memberList").toArray();
-            if (groupObject.value("groupType").toInt() == 3) {
-                if (!members.isEmpty())
-                    Add<QTableWidget>(prefix + members.first().toString());
-                continue;
-            }
-            for (const QJsonValue &member : members) {
+            const QJsonObject property = groupObject.value("memberProperty").toObject();
+            for (const QJsonValue &member : groupObject.value("memberList").toArray()) {
                 const QString name = prefix + member.toString();
-                const QString type = groupObject.value("memberProperty")
-                                         .toObject()
-                                         .value(member.toString())
-                                         .toObject()
-                                         .value("trait")
-                                         .toObject()
-                                         .value("dataType")
-                                         .toString();
-                if (type == "list")
-                    Add<QComboBox>(name);
-                else if (type == "range")
-                    Add<QSpinBox>(name);
-                else if (type == "pointRange")
-                    Add<QDoubleSpinBox>(name);
-                else if (type == "boolean")
-                    Add<QCheckBox>(name);
-                else
-                    Add<QLabel>(name);
+                if (groupObject.value("groupType").toInt() == 3) {
+                    Add<QTableWidget>(name);
+                    break;
+                }
+                const QString type = GetJsonValueConst(property, member.toString() + ".trait.dataType").toString();
+                AddOf(classes.value(type, "QLabel"), name);
                 if (type != "boolean")
                     Add<QLabel>(name + "_caption");
             }
@@ -113,11 +99,8 @@ QString Describe(QWidget *widget)
         text += QString(" %1..%2 value=%3 base=%4").arg(box->minimum()).arg(box->maximum()).arg(box->value()).arg(
             box->displayIntegerBase());
     } else if (auto *box = qobject_cast<QDoubleSpinBox *>(widget)) {
-        text += QString(" %1..%2 value=%3 decimals=%4")
-                    .arg(box->minimum())
-                    .arg(box->maximum())
-                    .arg(box->value())
-                    .arg(box->decimals());
+        text += QString(" %1..%2 value=%3").arg(box->minimum()).arg(box->maximum()).arg(box->value());
+        text += QString(" decimals=%1").arg(box->decimals());
     } else if (auto *box = qobject_cast<QCheckBox *>(widget)) {
         text += QString(" text=%1 checked=%2").arg(box->text()).arg(box->isChecked());
     } else if (auto *field = qobject_cast<CUnsignedSpinBox *>(widget)) {

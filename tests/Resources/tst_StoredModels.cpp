@@ -29,18 +29,18 @@
 
 namespace {
 
-QJsonObject Stored(const QString &name)
+// A stored model by name, or "profile/page": the model of a page fitted to the target of a profile.
+QJsonObject Model(const QString &name)
 {
-    QFile file(":/Tdscdma" + name + ".json");
-    return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
-}
-
-QJsonObject Fitted(const QString &profile, const QString &page)
-{
-    TavoSim::LoadProfile(profile);
+    if (!name.contains('/')) {
+        QFile file(":/Tdscdma" + name + ".json");
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
+    }
+    TavoSim::LoadProfile(name.section('/', 0, 0));
     TavoSim::LoadDatabase();
-    CTdscdmaCore::GetInstance()->ResetCapability();
-    return QJsonDocument::fromJson(QByteArray::fromStdString(CTdscdmaCore::GetInstance()->GetDataModel(page))).object();
+    CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+    core->ResetCapability();
+    return QJsonDocument::fromJson(QByteArray::fromStdString(core->GetDataModel(name.section('/', 1)))).object();
 }
 
 QStringList Texts(const QJsonValue &value)
@@ -225,23 +225,20 @@ private:
         }
         const QJsonObject range = space.toObject();
         const bool isUnsigned = dataType == "unsignedRange", isInt = dataType == "range";
-        const QJsonValue minValue = range.value("min"), maxValue = range.value("max");
-        bool ok = isInt ? IsInteger(minValue) && IsInteger(maxValue) : minValue.isDouble() && maxValue.isDouble();
-        double min = minValue.toDouble(), max = maxValue.toDouble();
-        if (isUnsigned) { // decimal digits in text
-            bool minOk = false, maxOk = false;
-            min = minValue.toString().toUInt(&minOk, 10);
-            max = maxValue.toString().toUInt(&maxOk, 10);
-            ok = minOk && maxOk;
-        }
-        if (!ok || min > max)
+        // A JSON number of the kind of the space; decimal digits in a text for an unsigned range.
+        const auto bound = [&](const char *key, bool &ok) {
+            ok = isInt ? IsInteger(range.value(key)) : range.value(key).isDouble();
+            return isUnsigned ? range.value(key).toString().toUInt(&ok, 10) : range.value(key).toDouble();
+        };
+        bool ok = false, maxOk = false;
+        const double min = bound("min", ok), max = bound("max", maxOk);
+        if (!ok || !maxOk || min > max)
             Fail(path, "has no min and max with min <= max");
         const QJsonValue base = range.value("displayBase");
         if (range.contains("displayBase") && (!IsInteger(base) || base.toInt() < 2 || base.toInt() > 36))
             Fail(path, "displayBase is no number base");
         const QStringList allowed = range.value("rangeCheck").toString().split(',');
         for (const QString &value : defaults) {
-            ok = false;
             const double n = isUnsigned ? value.toUInt(&ok, 10) : isInt ? value.toInt(&ok, 10) : value.toDouble(&ok);
             if (!ok)
                 Fail(path, "the default " + value + " is no number of its kind");
@@ -278,24 +275,6 @@ private slots:
     }
     void cleanupTestCase() { TavoSim::Reset(); }
 
-    void fittedModelsAreWellFormed_data()
-    {
-        QTest::addColumn<QString>("profile");
-        QTest::addColumn<QString>("page");
-        // The first target has the V3 models, the second the others.
-        for (const char *profile : {"default", "legacy-v1"}) {
-            for (const char *page : {"AFC Control", "Continuous TX", "Tpc", "Rx Pathloss", "Temperature ADC",
-                                     "Continuous RX", "Dpch TX", "Rssi", "Baseband Register"})
-                QTest::addRow("%s, %s", profile, page) << profile << page;
-        }
-    }
-    void fittedModelsAreWellFormed()
-    {
-        QFETCH(QString, profile);
-        QFETCH(QString, page);
-        QCOMPARE(Problems(Fitted(profile, page), true), QStringList());
-    }
-
     // The check is live, for stored and for fitted models.
     void checkFindsFaults_data()
     {
@@ -319,10 +298,9 @@ private slots:
         QFETCH(QString, path);
         QFETCH(QString, value);
         QFETCH(QString, problem);
-        const bool fitted = model.contains('/');
-        QJsonObject object = fitted ? Fitted(model.section('/', 0, 0), model.section('/', 1)) : Stored(model);
+        QJsonObject object = Model(model);
         QVERIFY(SetJsonValue(object, path, QJsonDocument::fromJson("[" + value.toUtf8() + "]").array().at(0)));
-        const QStringList problems = Problems(object, fitted);
+        const QStringList problems = Problems(object, model.contains('/'));
         QVERIFY2(problems.filter(problem).size() == 1, qPrintable(problems.join('\n')));
     }
 
@@ -331,10 +309,10 @@ private slots:
     // MHz, the same both ways.
     void bandTable()
     {
-        const QJsonObject bands = Stored("3gpp").value("operatingBand").toObject();
+        const QJsonObject bands = Model("3gpp").value("operatingBand").toObject();
         QStringList offered;
         for (const QString path : {"Continuous TX:cmdIf.request", "Tpc:calDataIf.config"})
-            offered += Texts(GetJsonValueConst(Fitted("default", path.section(':', 0, 0)),
+            offered += Texts(GetJsonValueConst(Model("default/" + path.section(':', 0, 0)),
                                                path.section(':', 1) + ".group1.memberProperty.band.trait.value"));
         QCOMPARE(Sorted(offered), Sorted(bands.keys()));
         for (auto band = bands.begin(); band != bands.end(); ++band) {
@@ -344,31 +322,38 @@ private slots:
         }
     }
 
-    void storedModels_data()
+    void modelsAreWellFormed_data()
     {
-        QTest::addColumn<int>("page");
         QTest::addColumn<QString>("model");
+        QTest::addColumn<int>("page"); // of kPages; -1: none
         for (int page = 0; page < int(std::size(kPages)); ++page) {
             for (const QString &model : QString(kPages[page].second).split(' '))
-                QTest::addRow("%s, %s", kPages[page].first->className(), qPrintable(model)) << page << model;
+                QTest::addRow("%s, %s", kPages[page].first->className(), qPrintable(model)) << model << page;
+        }
+        // The first target has the V3 models, the second the others.
+        for (const char *profile : {"default", "legacy-v1"}) {
+            for (const char *page : {"AFC Control", "Continuous TX", "Tpc", "Rx Pathloss", "Temperature ADC",
+                                     "Continuous RX", "Dpch TX", "Rssi", "Baseband Register"})
+                QTest::addRow("%s/%s", profile, page) << QString("%1/%2").arg(profile, page) << -1;
         }
     }
-    // Each stored model is well-formed, and each bound widget of a page that
-    // may be given it names a member of it: a name that is no path of the
-    // model leaves its widget as the form drew it, and a widget of the wrong
-    // class for its member is never set.
-    void storedModels()
+    // Each model is well-formed, and each bound widget of a page that may be
+    // given a stored model names a member of it: a name that is no path of
+    // the model leaves its widget as the form drew it, and a widget of the
+    // wrong class for its member is never set.
+    void modelsAreWellFormed()
     {
-        QFETCH(int, page);
         QFETCH(QString, model);
-        const QJsonObject object = Stored(model);
+        QFETCH(int, page);
+        const QJsonObject object = Model(model);
         QVERIFY2(!object.isEmpty(), "resource missing, empty or no JSON object");
-        QCOMPARE(Problems(object, false), QStringList());
+        QCOMPARE(Problems(object, model.contains('/')), QStringList());
+        if (page < 0)
+            return;
         QScopedPointer<QObject> instance(kPages[page].first->newInstance(Q_ARG(QWidget *, nullptr)));
         QVERIFY(instance);
-        static const QMap<QString, QString> classes{{"list", "QComboBox"},   {"range", "QSpinBox"},
-                                                    {"label", "QLabel"},     {"pointRange", "QDoubleSpinBox"},
-                                                    {"boolean", "QCheckBox"}};
+        static const QMap<QString, QString> classes{{"list", "QComboBox"}, {"range", "QSpinBox"}, {"label", "QLabel"},
+                                                    {"pointRange", "QDoubleSpinBox"}, {"boolean", "QCheckBox"}};
         QStringList problems;
         for (QWidget *widget : instance->findChildren<QWidget *>()) {
             const QString name = widget->objectName(), path = ModelBinding::PathOf(name);

@@ -16,13 +16,7 @@ void ModalBoxCatcher::Poll()
     auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (!box || !box->isVisible())
         return;
-    Box seen;
-    seen.title = box->windowTitle();
-    seen.text = box->text();
-    seen.informativeText = box->informativeText();
-    seen.icon = box->icon();
-    seen.buttons = box->standardButtons();
-    m_boxes.append(seen);
+    m_boxes.append({box->windowTitle(), box->text(), box->informativeText(), box->icon(), box->standardButtons()});
 
     if (QAbstractButton *button = box->escapeButton())
         button->click();

@@ -12,34 +12,28 @@ struct TestLog::Capture::SRecord {
 
 namespace {
 
-// A channel of the tool's log turned on or off by a test; later ones win.
-struct SOverride {
-    QtMsgType type;
-    bool enabled;
-};
-
-// Shared with the threads that log and register categories.
+// Shared with the threads that log and register categories. An override is
+// a channel of the tool's log turned on or off by a test; later ones win.
 QMutex s_mutex;
-QVector<SOverride> s_overrides;
+QVector<QPair<QtMsgType, bool>> s_overrides;
 QVector<TestLog::Capture::SRecord *> s_captures;
 bool s_muteOffscreenNotes = false;
 QtMessageHandler s_nextHandler = nullptr;
 bool s_handlerInstalled = false;
 QLoggingCategory::CategoryFilter s_rulesFilter = nullptr;
 
-// The tool's categories and the default category.
-bool IsToolCategory(const char *name) { return qstrcmp(name, "default") == 0 || qstrncmp(name, "radbench.", 9) == 0; }
-
-// Qt's own filter (the rules of the environment) first, then the tests' overrides.
+// Qt's own filter (the rules of the environment) first, then the tests'
+// overrides for the tool's categories and the default category.
 void Filter(QLoggingCategory *category)
 {
     if (s_rulesFilter)
         s_rulesFilter(category);
-    if (!IsToolCategory(category->categoryName()))
+    const char *name = category->categoryName();
+    if (qstrcmp(name, "default") != 0 && qstrncmp(name, "radbench.", 9) != 0)
         return;
     QMutexLocker lock(&s_mutex);
-    for (const SOverride &override : qAsConst(s_overrides))
-        category->setEnabled(override.type, override.enabled);
+    for (const auto &override : qAsConst(s_overrides))
+        category->setEnabled(override.first, override.second);
 }
 
 // Lays the overrides over every category there is, and over those made later.
@@ -69,9 +63,8 @@ void Handler(QtMsgType type, const QMessageLogContext &context, const QString &m
 
 void InstallHandler()
 {
-    if (s_handlerInstalled)
-        return;
-    s_nextHandler = qInstallMessageHandler(Handler);
+    if (!s_handlerInstalled)
+        s_nextHandler = qInstallMessageHandler(Handler);
     s_handlerInstalled = true;
 }
 
@@ -79,11 +72,9 @@ void InstallHandler()
 
 void TestLog::MuteOffscreenPlatformNotes()
 {
-    {
-        QMutexLocker lock(&s_mutex);
-        s_muteOffscreenNotes = true;
-    }
     InstallHandler();
+    QMutexLocker lock(&s_mutex);
+    s_muteOffscreenNotes = true;
 }
 
 void TestLog::SetChannel(QtMsgType type, bool enabled)

@@ -18,39 +18,31 @@ private slots:
         CTdscdmaCore::GetInstance()->ResetCapability();
     }
 
-    void resultsArriveOnTheUserInterfaceThread()
+    // An answer comes later, on the user interface thread, to the view
+    // controller whose run it ends; one that reached the wrong view controller
+    // came before the right one's.
+    void eachViewControllerHearsItsOwnRunLater()
     {
         SimScope sim;
         TavoSim::SetLatency("AST_CAL_tl1_reset_r", 50);
-        CTdscdmaRadbenchCore viewController;
-        QThread *deliveredOn = nullptr;
-        connect(&viewController, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
-                [&deliveredOn] { deliveredOn = QThread::currentThread(); });
-        viewController.SetUbin(true);
-        // The call returned at once: the target has not been asked to reset yet.
-        QCOMPARE(deliveredOn, nullptr);
-        QTRY_VERIFY(deliveredOn != nullptr);
-        QCOMPARE(deliveredOn, QCoreApplication::instance()->thread());
-    }
-
-    void eachViewControllerHearsOnlyItsOwnRun()
-    {
-        SimScope sim;
         CTdscdmaRadbenchCore first;
         CTdscdmaRadbenchCore second;
+        QThread *deliveredOn = nullptr;
+        connect(&first, &CTdscdmaRadbenchCore::Signal_SetUbinDone, this,
+                [&deliveredOn] { deliveredOn = QThread::currentThread(); }, Qt::DirectConnection);
         QSignalSpy firstUbin(&first, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
         QSignalSpy secondUbin(&second, &CTdscdmaRadbenchCore::Signal_SetUbinDone);
         QSignalSpy firstTest(&first, &CTdscdmaRadbenchCore::Signal_ContTxTestDone);
         QSignalSpy secondTest(&second, &CTdscdmaRadbenchCore::Signal_ContTxTestDone);
 
         first.SetUbin(true);
+        QCOMPARE(deliveredOn, nullptr); // the target has not been asked to reset yet
         QVERIFY(firstUbin.wait());
+        QCOMPARE(deliveredOn, QCoreApplication::instance()->thread());
         second.ContTxTest("{}");
         QVERIFY(secondTest.wait());
         second.SetUbin(false);
         QVERIFY(secondUbin.wait());
-
-        // An answer that reached the wrong one came before the right one's.
         QCOMPARE(firstUbin.count(), 1);
         QCOMPARE(secondUbin.count(), 1);
         QCOMPARE(firstTest.count(), 0);
