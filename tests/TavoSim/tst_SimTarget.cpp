@@ -1,8 +1,7 @@
-/* The simulated target where the plug-in's tests do not look: calls with bad
- * arguments, refused profiles, faults,
- * latencies, the call log, result texts, concurrent use and the radio's one
- * test at a time. The fields themselves are read through the plug-in, for
- * every built-in profile, by tests/Controller/tst_Capability. */
+/* The simulated target where the plug-in's tests do not look: refused calls,
+ * profile files, faults, latencies, the call log, result texts, concurrent
+ * use and the radio's one test at a time. The fields themselves are read
+ * through the plug-in, for every built-in profile, by tests/Controller/tst_Capability. */
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -343,11 +342,11 @@ private slots:
         QTest::addColumn<QString>("steps"); // command, comma separated
         QTest::addColumn<QString>("results");
         QTest::addColumn<QString>("activity");
-        QTest::newRow("second tx on refused") << "tx9550,tx9600" << "0,6" << "tx 9550";
-        QTest::newRow("rx off leaves tx running") << "tx9550,rxoff9550" << "0,0" << "tx 9550";
-        QTest::newRow("stop ends any test") << "rx10087,stop" << "0,0" << "idle";
-        QTest::newRow("measure while transmitting refused") << "tx9550,agc9550" << "0,6" << "tx 9550";
+        // (TX on and off: tests/PluginInterface/tst_TestPages.)
+        QTest::newRow("while transmitting: no second tx, rx off leaves it, no measure")
+            << "tx9550,tx9600,rxoff9550,agc9550" << "0,6,0,6" << "tx 9550";
         QTest::newRow("measure while receiving") << "rx9550,agc9550" << "0,0" << "rx 9550";
+        QTest::newRow("stop ends any test") << "rx10087,stop" << "0,0" << "idle";
     }
     void oneTestAtATime()
     {
