@@ -8,17 +8,11 @@
 
 namespace {
 
-QString Profile()
-{
-    return QStringLiteral("profile=") + TavoSim::CurrentProfileName();
-}
+QString Profile() { return QStringLiteral("profile=") + TavoSim::CurrentProfileName(); }
 
 } // namespace
 
-CFakeTool::~CFakeTool()
-{
-    delete m_window;
-}
+CFakeTool::~CFakeTool() { delete m_window; }
 
 QString CFakeTool::Answer()
 {
@@ -32,10 +26,7 @@ QString CFakeTool::GetPluginName()
     return QString::fromLatin1(FakeTool::kName);
 }
 
-void CFakeTool::ResetPlugin()
-{
-    Record(QStringLiteral("ResetPlugin(%1)").arg(Profile()));
-}
+void CFakeTool::ResetPlugin() { Record(QStringLiteral("ResetPlugin(%1)").arg(Profile())); }
 
 SPluginToolLaunchRequirement CFakeTool::QueryLaunchRequirement()
 {
@@ -81,14 +72,4 @@ void CFakeTool::HideTool()
     if (m_window)
         m_window->hide();
     emit Signal_PluginIsActivated(QString::fromLatin1(FakeTool::kName), false);
-}
-
-void CFakeTool::DisablePages()
-{
-    Record(QStringLiteral("DisablePages"));
-}
-
-void CFakeTool::EnablePages()
-{
-    Record(QStringLiteral("EnablePages"));
 }

@@ -46,8 +46,8 @@ public:
     void HideTool() override;
     SPluginToolLaunchRequirement QueryLaunchRequirement() override;
     QString GetPluginOption() override { return QString(); }
-    void DisablePages() override;
-    void EnablePages() override;
+    void DisablePages() override { Record(QStringLiteral("DisablePages")); }
+    void EnablePages() override { Record(QStringLiteral("EnablePages")); }
     void Slot_PluginIsActivated(bool) override {}
     void Slot_PluginIsBusy(bool) override {}
 

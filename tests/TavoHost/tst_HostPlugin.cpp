@@ -1,8 +1,7 @@
 /*
  * The host with the fake tool loaded in-process: finding and checking
- * plug-ins, the launch and target changes; and when
- * the host takes a tool window for ready, on plain widgets played through
- * scripts of steps.
+ * plug-ins, the launch and target changes; and when the host takes a tool
+ * window for ready, on plain widgets played through scripts of steps.
  */
 #include <QApplication>
 #include <QJsonDocument>
@@ -18,21 +17,14 @@
 
 namespace {
 
-QStringList Calls(const CPluginHost &host)
-{
-    return host.PluginObject()->property("calls").toStringList();
-}
-
-void ClearCalls(const CPluginHost &host)
-{
-    QMetaObject::invokeMethod(host.PluginObject(), "ClearCalls");
-}
+QStringList Calls(const CPluginHost &host) { return host.PluginObject()->property("calls").toStringList(); }
+void ClearCalls(const CPluginHost &host) { QMetaObject::invokeMethod(host.PluginObject(), "ClearCalls"); }
 
 /* A host's log, collected. */
 struct SLog {
     explicit SLog(CPluginHost &host)
     {
-        QObject::connect(&host, &CPluginHost::Signal_Log, &context, [this](const QString &line) { text += line + '\n'; });
+        QObject::connect(&host, &CPluginHost::Signal_Log, &context, [this](const QString &l) { text += l + '\n'; });
     }
     QObject context;
     QString text;
@@ -47,18 +39,7 @@ QWidget *ToolWindow()
     return nullptr;
 }
 
-/* A built-in profile other than "default". */
-QString OtherProfile()
-{
-    QStringList profiles = TavoSim::BuiltInProfiles();
-    profiles.removeAll("default");
-    return profiles.value(0);
-}
-
-QString At(const char *call, const QString &profile)
-{
-    return QStringLiteral("%1(profile=%2)").arg(QLatin1String(call), profile);
-}
+QString At(const char *call, const QString &profile) { return QStringLiteral("%1(profile=%2)").arg(call, profile); }
 
 /* A host on the default target with the fake tool loaded. */
 struct SHostWithTool {
@@ -95,9 +76,9 @@ private slots:
 
         QTest::newRow("valid") << with(R"({"type": "t", "name": "n", "version": "", "dependencies": ["a"]})")
                                << QStringList();
-        QTest::newRow("foreign IID")
-            << R"({"IID": "org.example.X", "className": "C", "MetaData": {"type": "t", "name": "n", "version": "1", "dependencies": []}})"
-            << QStringList{R"(IID is "org.example.X")"};
+        QTest::newRow("foreign IID") << R"({"IID": "org.example.X", "className": "C", "MetaData": )"
+                                        R"({"type": "t", "name": "n", "version": "1", "dependencies": []}})"
+                                     << QStringList{R"(IID is "org.example.X")"};
         QTest::newRow("no className") << R"({"IID": "com.halvorex.Tavo.TavoToolPlugin"})"
                                       << QStringList{"className is not set", "MetaData is missing"};
     }
@@ -120,12 +101,11 @@ private slots:
         const QString good = FAKE_TOOL_PATH, wrongIid = FAKE_TOOL_WRONG_IID_PATH, badMeta = FAKE_TOOL_BAD_META_PATH;
         const QString text = __FILE__;
 
-        QTest::newRow("bad metadata rejected") << QStringList{badMeta + "=libA.so", good + "=libB.so"} << "libB.so"
-                                               << QStringList{R"(Rejected plug-in {dir}/libA.so: MetaData has no "version")"}
-                                               << QStringList();
-        QTest::newRow("foreign IID skipped") << QStringList{wrongIid + "=libA.so", good + "=libB.so"} << "libB.so"
-                                             << QStringList{R"(Skipped libA.so: IID "com.example.NotATool")"}
-                                             << QStringList{"Rejected"};
+        QTest::newRow("bad metadata rejected, foreign IID skipped")
+            << QStringList{badMeta + "=libA.so", wrongIid + "=libB.so", good + "=libC.so"} << "libC.so"
+            << QStringList{R"(Rejected plug-in {dir}/libA.so: MetaData has no "version")",
+                           R"(Skipped libB.so: IID "com.example.NotATool")"}
+            << QStringList{"Rejected plug-in {dir}/libB"};
         QTest::newRow("other files unnoticed")
             << QStringList{text + "=libJunk.so", text + "=notes.txt", good + "=libTool.so"} << "libTool.so"
             << QStringList() << QStringList{"Skipped", "Rejected", "libJunk"};
@@ -155,38 +135,55 @@ private slots:
             QVERIFY(log.text.contains(host.LastError()));
         for (QString message : messages)
             QVERIFY2(log.text.contains(message.replace("{dir}", dir.path())), qPrintable(log.text));
-        for (const QString &message : absent)
-            QVERIFY2(!log.text.contains(message), qPrintable(log.text));
+        for (QString message : absent)
+            QVERIFY2(!log.text.contains(message.replace("{dir}", dir.path())), qPrintable(log.text));
     }
 
     void launch_data()
     {
+        QTest::addColumn<QString>("target"); // changed to after a first launch; empty: no change
         QTest::addColumn<QString>("answer");
-        QTest::addColumn<bool>("staleDatabase");
         QTest::addColumn<QStringList>("calls");
-        QTest::addColumn<bool>("database");
-        const QString query = At("QueryLaunchRequirement", "default");
-        QTest::newRow("supported, stale database") << "supported" << true << QStringList{query, "ShowTool(db=unloaded)"}
-                                                   << false;
-        QTest::newRow("needs database") << "needdb" << false << QStringList{query, "ShowTool(db=loaded)"} << true;
-        QTest::newRow("unsupported") << "unsupported" << false << QStringList{query} << false;
+        const QString query = At("QueryLaunchRequirement", "default"), reset = At("ResetPlugin", "default");
+        QStringList profiles = TavoSim::BuiltInProfiles();
+        profiles.removeAll("default");
+        const QString other = profiles.value(0);
+        QTest::newRow("supported") << "" << "supported" << QStringList{query, "ShowTool(db=unloaded)"};
+        QTest::newRow("needs database") << "" << "needdb" << QStringList{query, "ShowTool(db=loaded)"};
+        QTest::newRow("unsupported") << "" << "unsupported" << QStringList{query};
+        QTest::newRow("new target, unsupported, hides the tool")
+            << other << "unsupported" << QStringList{reset, At("QueryLaunchRequirement", other), "HideTool"};
+        QTest::newRow("unknown profile keeps the target")
+            << "no-such-profile" << "supported" << QStringList{reset, query, "ShowTool(db=unloaded)"};
     }
+    // The database is loaded for a tool that needs it only; a target change
+    // resets the tool and launches it again.
     void launch()
     {
+        QFETCH(QString, target);
         QFETCH(QString, answer);
-        QFETCH(bool, staleDatabase);
-        QFETCH(bool, database);
         SHostWithTool tool;
         QVERIFY(tool.loaded);
+        if (!target.isEmpty()) {
+            QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
+            ClearCalls(tool.host);
+        }
         SLog log(tool.host);
         QSignalSpy refused(&tool.host, &CPluginHost::Signal_LaunchRefused);
         qputenv(FakeTool::kAnswerVariable, answer.toUtf8());
-        if (staleDatabase)
-            TavoSim::LoadDatabase();
+        const bool supported = answer != "unsupported", database = answer == "needdb";
+        if (answer == "supported")
+            TavoSim::LoadDatabase(); // left loaded from before
 
-        const bool supported = answer != "unsupported";
-        QCOMPARE(tool.host.Launch(),
-                 supported ? CPluginHost::LaunchResult::Shown : CPluginHost::LaunchResult::Unsupported);
+        if (target.isEmpty()) {
+            QCOMPARE(tool.host.Launch(),
+                     supported ? CPluginHost::LaunchResult::Shown : CPluginHost::LaunchResult::Unsupported);
+        } else {
+            const bool known = target != "no-such-profile";
+            QCOMPARE(tool.host.ChangeTarget(target), known);
+            QCOMPARE(tool.host.TargetProfile(), known ? target : QStringLiteral("default"));
+            QCOMPARE(tool.host.LastError().contains(target), !known);
+        }
         QTEST(Calls(tool.host), "calls");
         QCOMPARE(TavoSim::IsDatabaseLoaded(), database);
         QVERIFY2(log.text.contains(QStringLiteral("isNeedDb=%1, isDbOptional=%2, extraInfo=\"answer=%3\"")
@@ -212,7 +209,8 @@ private slots:
         QStringList seen;
         for (const QList<QVariant> &state : qAsConst(states))
             seen << state.at(0).toString();
-        QCOMPARE(seen, (QStringList{"Fake Tool: inactive, busy", "Fake Tool: inactive, idle", "Fake Tool: active, idle"}));
+        QCOMPARE(seen, (QStringList{"Fake Tool: inactive, busy", "Fake Tool: inactive, idle",
+                                    "Fake Tool: active, idle"}));
         tool.host.HideTool();
         QCOMPARE(tool.host.StateText(), QStringLiteral("Fake Tool: inactive, idle"));
 
@@ -224,39 +222,6 @@ private slots:
         QVERIFY(!window);
         QVERIFY(tool.host.LoadPlugin(FAKE_TOOL_PATH));
         QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
-    }
-
-    void changeTarget_data()
-    {
-        QTest::addColumn<QString>("profile");
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<QStringList>("calls");
-        const QString other = OtherProfile();
-        QTest::newRow("unsupported hides the tool")
-            << other << "unsupported"
-            << QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", other), "HideTool"};
-        QTest::newRow("unknown profile keeps the target")
-            << "no-such-profile" << "supported"
-            << QStringList{At("ResetPlugin", "default"), At("QueryLaunchRequirement", "default"), "ShowTool(db=unloaded)"};
-    }
-    void changeTarget()
-    {
-        QFETCH(QString, profile);
-        QFETCH(QString, answer);
-        QVERIFY2(!profile.isEmpty(), "needs a second built-in profile");
-
-        SHostWithTool tool;
-        QVERIFY(tool.loaded);
-        QCOMPARE(tool.host.Launch(), CPluginHost::LaunchResult::Shown);
-        ClearCalls(tool.host);
-
-        qputenv(FakeTool::kAnswerVariable, answer.toUtf8());
-        const bool known = profile != "no-such-profile";
-        QCOMPARE(tool.host.ChangeTarget(profile), known);
-        QTEST(Calls(tool.host), "calls");
-        QCOMPARE(tool.host.TargetProfile(), known ? profile : QStringLiteral("default"));
-        if (!known)
-            QVERIFY2(tool.host.LastError().contains(profile), qPrintable(tool.host.LastError()));
     }
 
     void readiness_data()

@@ -1,11 +1,10 @@
-/* The simulated target where the plug-in's tests do not look: calls with bad
- * arguments, refused profiles, faults,
- * latencies, the call log, result texts, concurrent use and the radio's one
- * test at a time. The fields themselves are read through the plug-in, for
- * every built-in profile, by tests/Controller/tst_Capability. */
+/* The simulated target where the plug-in's tests do not look: refused calls,
+ * profile files, faults, latencies, the call log, result texts, concurrent
+ * use and the radio's one test at a time. The fields themselves are read
+ * through the plug-in, for every built-in profile, by tests/Controller/tst_Capability. */
 
 #include <QElapsedTimer>
-#include <QJsonDocument>
+#include <QJsonArray>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -47,10 +46,7 @@ quint32 U32At(const QByteArray &b, int offset)
     return quint32(p[0]) | quint32(p[1]) << 8 | quint32(p[2]) << 16 | quint32(p[3]) << 24;
 }
 
-TAVO_RESULT SetUbin(uint16_t mode, int handle = 0, uint32_t timeoutMs = 10000)
-{
-    return AST_UBIN_MODE_SETUP_r(handle, timeoutMs, &mode);
-}
+TAVO_RESULT SetUbin(uint16_t mode, uint32_t timeoutMs = 10000) { return AST_UBIN_MODE_SETUP_r(0, timeoutMs, &mode); }
 
 } // namespace
 
@@ -61,9 +57,11 @@ class tst_SimTarget : public QObject
 private slots:
     void init() { QVERIFY(TavoSim::LoadProfile(QStringLiteral("default"))); }
 
-    /* A call refused for its arguments writes nothing. Each support query
-     * answers for its own prefix only. */
-    void argumentChecks_data()
+    /* A call refused for its arguments, withheld by the profile or timed out
+     * writes nothing and leaves the target as it was. Each support query
+     * answers for its own prefix only. (A fault that fires changes nothing:
+     * tests/Controller/tst_NvramMan.) */
+    void refusedCalls_data()
     {
         QTest::addColumn<Call>("call");
         QTest::addColumn<int>("result");
@@ -72,48 +70,62 @@ private slots:
         QTest::newRow("chip id without RF out")
             << Call([](char *b) { return AST_CAL_get_chipid_r(0, 10000, reinterpret_cast<uint16_t *>(b), nullptr); })
             << invalid;
-        QTest::newRow("RF capability buffer short") << Call([](char *b) { return AST_GetRfCapability_r(0, 10000, b, 47); })
-                                                    << invalid;
+        QTest::newRow("RF capability buffer short")
+            << Call([](char *b) { return AST_GetRfCapability_r(0, 10000, b, 47); }) << invalid;
         QTest::newRow("MMRf request of other words")
             << Call([](char *b) { return TAVO_MMRf_GetRfCapability_r(0, 10000, other, 8, b, 144); }) << invalid;
         QTest::newRow("Ubin mode 2") << Call([](char *) { return SetUbin(2); }) << invalid;
         QTest::newRow("AST name asked as TAVO")
             << Call([](char *) { return TAVO_QueryAPISupported_r(0, 10000, "AST_CAL_get_chipid_r"); }) << unsupported;
+        QTest::newRow("withheld") << Call([](char *) {
+            TavoSim::PatchProfile({{"commands", QJsonObject{{"withheld", QJsonArray{kUbin}}}}});
+            return SetUbin(1);
+        }) << unsupported;
+        QTest::newRow("latency beyond time-out") << Call([](char *) {
+            TavoSim::SetLatency("*", 200);
+            QElapsedTimer timer;
+            timer.start();
+            const TAVO_RESULT result = SetUbin(1, 50);
+            return timer.elapsed() >= 50 ? result : TAVO_RESULT(-99); /* waits out the time-out */
+        }) << int(TAVO_ERR_TIMEOUT);
     }
-    void argumentChecks()
+    void refusedCalls()
     {
         QFETCH(Call, call);
         const auto answer = Answer(call, 300);
         QTEST(int(answer.first), "result");
         QCOMPARE(answer.second, QByteArray(300, kUntouched));
+        QVERIFY(!TavoSim::IsUbinEnabled());
     }
 
-    void badProfile_data()
+    void profileFile_data()
     {
         QTest::addColumn<QByteArray>("content"); /* null: no file */
-        QTest::addColumn<QString>("error");
-        QTest::newRow("no such file") << QByteArray() << "bad.json";
+        QTest::addColumn<QString>("error"); /* empty: it loads */
+        QTest::newRow("what it leaves out is absent") << QByteArray(R"({"tdscdma": {"bands": ["e"]}})") << "";
+        QTest::newRow("no such file") << QByteArray() << "tiny-target.json";
         QTest::newRow("not JSON, offset") << QByteArray("{\"name\" \"x\"}") << "at offset 9";
         QTest::newRow("unknown key, its path") << QByteArray(R"({"tdscdma": {"bandz": []}})")
                                                << "tdscdma.bandz: unknown key";
         QTest::newRow("string for a flag") << QByteArray(R"({"tdscdma": {"rfCapability": {"ubin": "yes"}}})")
                                            << "tdscdma.rfCapability.ubin: expected true";
-        QTest::newRow("fault input of no type") << QByteArray(R"({"faults": [{"call": "*", "args": {"record": true}}]})")
-                                                << "faults[0].args.record: expected a string or an integer";
+        QTest::newRow("fault input of no type")
+            << QByteArray(R"({"faults": [{"call": "*", "args": {"record": true}}]})")
+            << "faults[0].args.record: expected a string or an integer";
         QTest::newRow("record of a LID the target lacks")
             << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"count": 0}},
                               "records": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"capId": 1}}}})")
             << "nvram.records.NVRAM_EF_AST_TL1_CAP_DATA_LID: not a LID of the target's NVRAM";
     }
-    /* A profile that does not load leaves the current one, its state and its
+    /* A profile file is named after the file; what it leaves out is absent. A
+     * profile that does not load leaves the current one, its state and its
      * log alone. */
-    void badProfile()
+    void profileFile()
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, error);
         QCOMPARE(SetUbin(1), TAVO_OK);
-
-        QFile file(m_dir.filePath("bad.json"));
+        QFile file(m_dir.filePath("tiny-target.json"));
         file.remove();
         if (!content.isNull()) {
             QVERIFY(file.open(QIODevice::WriteOnly));
@@ -121,31 +133,22 @@ private slots:
             file.close();
         }
         QString message;
-        QVERIFY(!TavoSim::LoadProfile(file.fileName(), &message));
+        QCOMPARE(TavoSim::LoadProfile(file.fileName(), &message), error.isEmpty());
         QVERIFY2(message.contains(error), qPrintable(message));
-
+        if (error.isEmpty()) {
+            QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("tiny-target"));
+            const Call capability = [](char *b) {
+                auto *words = reinterpret_cast<uint32_t *>(b);
+                return AST_CAL_get_capability_r(0, 10000, words, words + 1);
+            };
+            QCOMPARE(U32At(Answer(capability, 8).second, 4), 1u << 5);
+            QCOMPARE(Answer(kChipId, 4).first, TAVO_ERR_NOT_SUPPORTED);
+            return;
+        }
         QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("default"));
         QVERIFY(TavoSim::IsUbinEnabled());
         QCOMPARE(TavoSim::CallCount("AST_UBIN_MODE_SETUP_r"), 1);
         QCOMPARE(U32At(Answer(kChipId, 4).second, 0), 16u << 16 | 26752);
-    }
-
-    /* A profile file is named after the file; what it leaves out is absent. */
-    void profileFile()
-    {
-        QFile file(m_dir.filePath("tiny-target.json"));
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(R"({"tdscdma": {"bands": ["e"]}})");
-        file.close();
-        QString error;
-        QVERIFY2(TavoSim::LoadProfile(file.fileName(), &error), qPrintable(error));
-        QCOMPARE(TavoSim::CurrentProfileName(), QStringLiteral("tiny-target"));
-        const Call capability = [](char *b) {
-            auto *words = reinterpret_cast<uint32_t *>(b);
-            return AST_CAL_get_capability_r(0, 10000, words, words + 1);
-        };
-        QCOMPARE(U32At(Answer(capability, 8).second, 4), 1u << 5);
-        QCOMPARE(Answer(kChipId, 4).first, TAVO_ERR_NOT_SUPPORTED);
     }
 
     void faultSchedule_data()
@@ -168,41 +171,6 @@ private slots:
         for (int i = 0; i < results.size(); ++i)
             seen << AST_CAL_tl1_reset_r(0, 10000);
         QCOMPARE(seen, results);
-    }
-
-    /* A call that fails, however, leaves the target as it was. (Calls refused
-     * for their handle or arguments never reach the target: faultSelectors; a
-     * fault that fires changes nothing: tests/Controller/tst_NvramMan.) */
-    void failureHasNoSideEffect_data()
-    {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<int>("result");
-        QTest::newRow("latency beyond time-out") << "timeout" << int(TAVO_ERR_TIMEOUT);
-        QTest::newRow("withheld") << "withheld" << int(TAVO_ERR_NOT_SUPPORTED);
-    }
-    void failureHasNoSideEffect()
-    {
-        QFETCH(QString, how);
-        TAVO_RESULT result = -1;
-        if (how == "timeout") {
-            TavoSim::SetLatency("*", 200);
-            QElapsedTimer timer;
-            timer.start();
-            result = SetUbin(1, 0, 50);
-            QVERIFY(timer.elapsed() >= 50);
-            TavoSim::SetLatency("*", 0);
-        } else if (how == "withheld") {
-            QVERIFY(TavoSim::PatchProfile({{"commands", QJsonObject{{"withheld", QJsonArray{kUbin}}}}}));
-            result = SetUbin(1);
-        }
-        QTEST(int(result), "result");
-        QVERIFY(!TavoSim::IsUbinEnabled());
-        if (how == "withheld")
-            return;
-        QCOMPARE(SetUbin(1), TAVO_OK);
-        QVERIFY(TavoSim::IsUbinEnabled());
-        QCOMPARE(SetUbin(0), TAVO_OK);
-        QVERIFY(!TavoSim::IsUbinEnabled());
     }
 
     void resetOrPatch_data()
@@ -272,20 +240,19 @@ private slots:
      * inputs and answer. */
     void callLog()
     {
-        const uint32_t request[2] = {4, 132};
         QByteArray record(144, '\0');
-        uint16_t chip = 0, rf = 0;
         TavoSim::FailOnce("AST_CAL_get_chipid_r", TAVO_ERR_BUSY);
         SetUbin(1);
         TAVO_QueryAPISupported_r(0, 3000, "TAVO_MISC_GetIMEIRecNum_r");
-        TAVO_MMRf_GetRfCapability_r(0, 10000, request, 4096, record.data(), 144); /* only 8 bytes are read */
+        TAVO_MMRf_GetRfCapability_r(0, 10000, kMmrf, 4096, record.data(), 144); /* only 8 bytes are read */
         AST_CAL_tl1_reset_r(3, 10000);
-        AST_CAL_get_chipid_r(0, 10000, &chip, &rf);
+        Answer(kChipId, 4);
         TAVO_GetResultText(2);
 
         QStringList log;
         for (const TavoSim::CallRecord &r : TavoSim::CallLog())
-            log << QStringLiteral("%1 %2 %3 [%4] %5").arg(r.name).arg(r.handle).arg(r.timeoutMs).arg(r.args.join(' ')).arg(r.result);
+            log << QStringLiteral("%1 %2 %3 [%4] %5").arg(r.name).arg(r.handle).arg(r.timeoutMs).arg(r.args.join(' '))
+                       .arg(r.result);
         QCOMPARE(log, QStringList({
                           "AST_UBIN_MODE_SETUP_r 0 10000 [mode=1] 0",
                           "TAVO_QueryAPISupported_r 0 3000 [apiName=TAVO_MISC_GetIMEIRecNum_r] 3",
@@ -375,12 +342,11 @@ private slots:
         QTest::addColumn<QString>("steps"); // command, comma separated
         QTest::addColumn<QString>("results");
         QTest::addColumn<QString>("activity");
-        QTest::newRow("tx on, tx off") << "tx9550,txoff9550" << "0,0" << "idle";
-        QTest::newRow("second tx on refused") << "tx9550,tx9600" << "0,6" << "tx 9550";
-        QTest::newRow("rx off leaves tx running") << "tx9550,rxoff9550" << "0,0" << "tx 9550";
-        QTest::newRow("stop ends any test") << "rx10087,stop" << "0,0" << "idle";
-        QTest::newRow("measure while transmitting refused") << "tx9550,agc9550" << "0,6" << "tx 9550";
+        // (TX on and off: tests/PluginInterface/tst_TestPages.)
+        QTest::newRow("while transmitting: no second tx, rx off leaves it, no measure")
+            << "tx9550,tx9600,rxoff9550,agc9550" << "0,6,0,6" << "tx 9550";
         QTest::newRow("measure while receiving") << "rx9550,agc9550" << "0,0" << "rx 9550";
+        QTest::newRow("stop ends any test") << "rx10087,stop" << "0,0" << "idle";
     }
     void oneTestAtATime()
     {
@@ -392,9 +358,7 @@ private slots:
             int8_t rssi = 0;
             uint16_t dsp = 0;
             uint8_t gain = 0;
-            if (step.startsWith("txoff"))
-                result = AST_RFTEST_TXOn_r(0, 10000, channel, 0);
-            else if (step.startsWith("tx"))
+            if (step.startsWith("tx"))
                 result = AST_RFTEST_TXOn_r(0, 10000, channel, 1);
             else if (step.startsWith("rxoff"))
                 result = AST_RFTEST_RXOn_r(0, 10000, channel, 0);
