@@ -139,8 +139,11 @@ bool CTdscdmaDataModelCapUpdater::UpdateTpcCaptions(QJsonObject &model)
         return Write(model, group + "maxPower.caption", "Max Power Offset (dB)", "Update cpation failed: max Power") &&
                Write(model, group + "vgaDac.caption", "UPA Max Power Offset (dB)",
                      "Update cpation failed: UPA Max Power");
+    // Without APC extension the field is the raw DAC word, which the stored
+    // models' 1/32 range would cut: the widget takes any word.
     return Write(model, group + "maxPower.caption", "Max Power (dBm)", "Update cpation failed: max Power") &&
-           Write(model, group + "vgaDac.caption", "VGA DAC", "Update cpation failed: VGA DAC");
+           Write(model, group + "vgaDac.caption", "VGA DAC", "Update cpation failed: VGA DAC") &&
+           Write(model, group + "vgaDac.trait.value.max", 65535, "Update range failed: VGA DAC");
 }
 
 bool CTdscdmaDataModelCapUpdater::UpdateTpcClpcSupport(QJsonObject &model, const QString &compGroup)

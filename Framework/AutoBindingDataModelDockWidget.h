@@ -87,6 +87,9 @@ signals:
     void Signal_UpdateStatus(QString msg, int timeout = 0);
     void Signal_InitDone();
     void Signal_PluginIsBusy(bool isBusy);
+    // How far the page's running operation has come: `finished` of `total`
+    // steps; `finished` equal to `total` ends it.
+    void Signal_UpdateProgress(int finished, int total);
 
 public slots:
     void Slot_ValueChange(QString currentText);

@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMetaType>
+#include <QProgressBar>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -83,6 +85,8 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
         connect(page, &CAutoBindingDataModelDockWidget::Signal_InitDone, &loop, &QEventLoop::quit);
         connect(page, &CAutoBindingDataModelDockWidget::Signal_PluginIsBusy, this,
                 &CAutoBindingDataModelForm::Signal_PluginIsBusy);
+        connect(page, &CAutoBindingDataModelDockWidget::Signal_UpdateProgress, this,
+                &CAutoBindingDataModelForm::Slot_UpdateProgress);
         addDockWidget(Qt::TopDockWidgetArea, page);
         loop.exec();
 
@@ -131,6 +135,20 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
     if (previous)
         previous->raise();
     Slot_UpdateStatusbar("Init done.");
+}
+
+void CAutoBindingDataModelForm::Slot_UpdateProgress(int finished, int total)
+{
+    if (!m_progress) {
+        m_progress = new QProgressBar(this);
+        m_progress->setObjectName("operationProgress");
+        m_progress->setFormat("%v/%m items");
+        m_progress->setMaximumWidth(160);
+        statusBar()->addPermanentWidget(m_progress);
+    }
+    m_progress->setRange(0, qMax(total, 1));
+    m_progress->setValue(qBound(0, finished, total));
+    m_progress->setVisible(finished < total);
 }
 
 void CAutoBindingDataModelForm::Slot_InitDone()

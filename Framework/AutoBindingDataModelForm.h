@@ -5,6 +5,7 @@
 
 class QAction;
 class QMenu;
+class QProgressBar;
 class CAutoBindingDataModelDockWidget;
 
 // The main window side of the binding framework. Given a list of page class
@@ -36,6 +37,9 @@ public slots:
     virtual void Slot_UpdateStatusbar(QString str) = 0;
     void Slot_DockWidgetsTabChange(bool value);
     void Slot_InitDone();
+    // Shows in the status bar how far a page's operation has come; the bar
+    // goes when the operation ends.
+    void Slot_UpdateProgress(int finished, int total);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -48,4 +52,5 @@ private:
     int m_allInitPageCount = 0;
     int m_currentInitPageCount = 0;
     QMenu *m_viewMenu = nullptr;
+    QProgressBar *m_progress = nullptr;
 };

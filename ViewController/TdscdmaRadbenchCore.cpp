@@ -1,6 +1,7 @@
 #include "TdscdmaRadbenchCore.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QEvent>
 
 #include <memory>
@@ -295,21 +296,34 @@ void CTdscdmaRadbenchCore::CalDataInternal(ECalDataMovement movement, int calIte
     if (movement == ECalDataMovement::LoadFromFile || movement == ECalDataMovement::SaveToFile)
         file = std::make_shared<TIniFile>(path);
 
-    auto done = [this, movement, calItem, model, file, route, toTarget,
+    // The controller reports the progress of every movement: this run's
+    // are those of its item, and the start.
+    const QStringList items{route.item};
+    auto progress = std::make_shared<QMetaObject::Connection>();
+    *progress = connect(controller, &IRfCoreCalDataOperation::Signal_FinishItemCount, this,
+                        [this, items](int finished, SEachItemOperationResult itemResult) {
+                            if (finished == 0 || items.contains(itemResult.itemName))
+                                emit Signal_CalDataProgress(finished, items.size(), itemResult);
+                        });
+
+    auto done = [this, movement, calItem, model, file, route, toTarget, progress,
                  reply](bool isAllSuccess, QVector<SEachItemOperationResult> itemResult) {
         Q_UNUSED(isAllSuccess);
+        QObject::disconnect(*progress);
         // The run has one item: its result is the page's.
-        const SEachItemOperationResult result =
+        SEachItemOperationResult result =
             itemResult.value(0, SEachItemOperationResult{route.item, ERROR_CODE_NOT_EXECUTED, QString()});
-        if (movement == ECalDataMovement::SaveToFile)
-            file->Save();
+        // What the item wrote is only in memory until the file is saved: a
+        // file that cannot be written fails the export, whatever the item gave.
+        if (movement == ECalDataMovement::SaveToFile && !file->Save() && result.errorCode == ERROR_CODE_SUCCESS)
+            result = SEachItemOperationResult{route.item, ERROR_CODE_FILE_NOT_OPERABLE,
+                                              "Cannot write the file " + QDir::toNativeSeparators(file->Path())};
         const std::string answer = toTarget ? std::string() : route.controller->GetCalibrationData(route.item, model);
         emit Signal_CalDataDone(result, answer, calItem, movement);
         if (reply)
             reply(result, answer);
     };
 
-    const QStringList items{route.item};
     switch (movement) {
     case ECalDataMovement::UploadFromFlash:
         ConnectOnce(controller, &IRfCoreCalDataOperation::Signal_UploadFromFlashDone, done);

@@ -125,6 +125,9 @@ signals:
 
     void Signal_CalDataDone(SEachItemOperationResult result, std::string resultDataModel, int calItem,
                             ECalDataMovement movement);
+    // How far a movement of this object's has come: `finished` of `total`
+    // items done, the last one's result (empty at the start, 0 of `total`).
+    void Signal_CalDataProgress(int finished, int total, SEachItemOperationResult itemResult);
     void Signal_TpcUploadFromFlashDone(SEachItemOperationResult result, std::string resultDataModel);
     void Signal_TpcLoadFromFileDone(SEachItemOperationResult result, std::string resultDataModel);
     void Signal_TpcDownloadToFlashDone(SEachItemOperationResult result);

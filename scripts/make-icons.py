@@ -66,6 +66,14 @@ def rect(x0, y0, x1, y1):
 
 
 GREEN, RED, BLUE, ORANGE, GREY = (46, 160, 67), (207, 34, 46), (31, 111, 199), (219, 124, 22), (90, 90, 90)
+WHITE = (255, 255, 255)
+
+
+def page(x0, x1):
+    """A sheet of paper: a grey frame around white."""
+    return [(GREY, rect(x0, 4, x1, 28)), (WHITE, rect(x0 + 2, 6, x1 - 2, 26)),
+            (GREY, rect(x0 + 4, 10, x1 - 4, 11)), (GREY, rect(x0 + 4, 21, x1 - 4, 22))]
+
 
 ICONS = {
     "start": [(GREEN, [(9, 5), (27, 16), (9, 27)])],
@@ -76,6 +84,10 @@ ICONS = {
     # an arrow up out of a tray: data goes to the target
     "write": [(GREY, rect(5, 24, 27, 28)), (GREY, rect(5, 18, 8, 28)), (GREY, rect(24, 18, 27, 28)),
               (ORANGE, rect(13, 11, 19, 21)), (ORANGE, [(8, 12), (24, 12), (16, 3)])],
+    # an arrow into a file: data comes from a file
+    "import": page(13, 29) + [(BLUE, rect(2, 13, 14, 19)), (BLUE, [(12, 8), (21, 16), (12, 24)])],
+    # an arrow out of a file: data goes to a file
+    "export": page(3, 19) + [(ORANGE, rect(15, 13, 24, 19)), (ORANGE, [(22, 8), (31, 16), (22, 24)])],
 }
 
 if __name__ == "__main__":

@@ -1,22 +1,15 @@
 #include "TdscdmaTpcDockWidgetV3.h"
 
-#include <QCoreApplication>
-
 #include "PageRegistration.h"
-#include "TdscdmaRadbenchCore.h"
+#include "ui_TdscdmaTpcDockWidgetV3.h"
 
 RADBENCH_REGISTER_PAGE(CTdscdmaTpcDockWidgetV3)
 
 CTdscdmaTpcDockWidgetV3::CTdscdmaTpcDockWidgetV3(QWidget *parent)
-    : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))
+    : CTdscdmaTpcDockWidget(parent, SOwnForm()), m_ui(new Ui::CTdscdmaTpcDockWidgetV3)
 {
-    setObjectName("CTdscdmaTpcDockWidgetV3");
-    setWindowTitle(QCoreApplication::translate("CTdscdmaTpcDockWidgetV3", "TPC Profile"));
+    m_ui->setupUi(this);
+    BindOperationWidgets(m_ui->calDataIf_config_group1_memberProperty_band);
 }
 
-void CTdscdmaTpcDockWidgetV3::RequestDataModel()
-{
-    connect(m_viewController, &CTdscdmaRadbenchCore::Signal_GetTpcDataModelDone, this,
-            &CTdscdmaTpcDockWidgetV3::Slot_GetDataModelDone);
-    m_viewController->GetTpcDataModel();
-}
+CTdscdmaTpcDockWidgetV3::~CTdscdmaTpcDockWidgetV3() = default;

@@ -1,24 +1,21 @@
 #pragma once
 
-#include "AutoBindingDataModelDockWidget.h"
+#include <memory>
 
-class CTdscdmaRadbenchCore;
+#include "TdscdmaTpcDockWidget.h"
 
-// The page "TPC Profile".
-class CTdscdmaTpcDockWidgetV3 : public CAutoBindingDataModelDockWidget {
+namespace Ui {
+class CTdscdmaTpcDockWidgetV3;
+}
+
+// The page "Tpc" on targets with structure version 2: the TPC page with the
+// V3 model, whose group "TX Power Setting" comes fourth.
+class CTdscdmaTpcDockWidgetV3 : public CTdscdmaTpcDockWidget {
     Q_OBJECT
 public:
     Q_INVOKABLE explicit CTdscdmaTpcDockWidgetV3(QWidget *parent = nullptr);
-
-    QWidget *GetWidgetRoot() override { return this; }
-    int IsCalDataPage() override { return 1; }
-    void RequestDataModel() override;
-    void DisableOperation() override {}
-    void EnableOperation() override {}
-
-public slots:
-    void Slot_TriggerStopTest() override {}
+    ~CTdscdmaTpcDockWidgetV3() override;
 
 private:
-    CTdscdmaRadbenchCore *m_viewController;
+    std::unique_ptr<Ui::CTdscdmaTpcDockWidgetV3> m_ui;
 };

@@ -130,7 +130,7 @@ private slots:
         QTest::newRow("TPC without PD points")
             << "tpcV3"
             << Json(R"J({"calDataIf":{"data":{"group3":{"memberProperty":)J"
-                    R"J({"maxPower":{"caption":""},"vgaDac":{"caption":""}}}}}})J")
+                    R"J({"maxPower":{"caption":""},"vgaDac":{"caption":"","trait":{"value":{"max":0}}}}}}}})J")
             << "Update DefaultSupport Failed: default PD compensation pdPoint0";
         QTest::newRow("path loss without loss3") << "pathloss" << Json("{}")
                                                  << "Update exten mode enable status failed";

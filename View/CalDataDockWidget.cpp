@@ -1,0 +1,167 @@
+#include "CalDataDockWidget.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QEvent>
+#include <QGroupBox>
+#include <QJsonDocument>
+
+#include "FileDialogMan.h"
+#include "JsonPath.h"
+#include "RadbenchLog.h"
+
+namespace {
+
+const char *const kBandPath = "calDataIf.config.group1.memberValue.band";
+const char *const kChooseFile = "Please choose the Cal/Ini file...";
+
+QJsonObject Parse(const std::string &text) { return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object(); }
+
+} // namespace
+
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kUpload{"Read data from target successfully.",
+                                                                "Read data from target failed."};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kLoad{"Import data from file successfully.",
+                                                              "Import data from file failed."};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kDownload{"Download to flash successfully.",
+                                                                  "Download to flash failed."};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kSave{"Export data to file successfully.",
+                                                              "Export data to file failed."};
+
+CCalDataDockWidget::CCalDataDockWidget(QWidget *parent)
+    : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))
+{
+    connect(m_viewController, &CTdscdmaRadbenchCore::Signal_CalDataProgress, this,
+            [this](int finished, int total) { emit Signal_UpdateProgress(finished, total); });
+    connect(this, &CAutoBindingDataModelDockWidget::Signal_InitDone, this, &CCalDataDockWidget::Slot_PageReady);
+}
+
+CCalDataDockWidget::~CCalDataDockWidget() = default;
+
+void CCalDataDockWidget::BindOperationWidgets(QComboBox *bandSelector)
+{
+    for (const char *name : {"m_btnLoad", "m_btnSave", "m_btnUpload", "m_btnDownload"}) {
+        if (auto *button = findChild<QAbstractButton *>(name))
+            m_operationButtons << button;
+    }
+    m_bandSelector = bandSelector;
+    if (m_bandSelector)
+        m_bandSelector->installEventFilter(this);
+}
+
+void CCalDataDockWidget::DisableOperation()
+{
+    for (QAbstractButton *button : m_operationButtons)
+        button->setEnabled(false);
+}
+
+void CCalDataDockWidget::EnableOperation()
+{
+    for (QAbstractButton *button : m_operationButtons)
+        button->setEnabled(true);
+}
+
+bool CCalDataDockWidget::eventFilter(QObject *object, QEvent *event)
+{
+    // Until the model is bound the band selector is the form's, not the user's.
+    if (!m_isModelReady)
+        return true;
+    return CAutoBindingDataModelDockWidget::eventFilter(object, event);
+}
+
+void CCalDataDockWidget::Slot_PageReady()
+{
+    if (m_bandSelector)
+        m_shownBand = m_bandSelector->currentText();
+    // A group whose members this target does not have would stand empty.
+    for (QGroupBox *box : findChildren<QGroupBox *>()) {
+        bool anyShown = false;
+        for (QWidget *child : box->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+            anyShown = anyShown || !child->isHidden();
+        if (!anyShown)
+            box->hide();
+    }
+}
+
+// ---- Operations ------------------------------------------------------------------
+
+void CCalDataDockWidget::BeginOperation()
+{
+    DisableOperation();
+    // The band exchange must not touch the item while a movement uses it.
+    if (m_bandSelector)
+        m_bandSelector->setEnabled(false);
+    emit Signal_PluginIsBusy(true);
+}
+
+void CCalDataDockWidget::EndOperation()
+{
+    EnableOperation();
+    if (m_bandSelector)
+        m_bandSelector->setEnabled(true);
+    emit Signal_PluginIsBusy(false);
+    emit Signal_UpdateProgress(0, 0);
+}
+
+bool CCalDataDockWidget::ChooseFileToLoad(QString &path)
+{
+    CFileDialogMan dialog;
+    dialog.GetOpenFilePath(QString(), QString(), path);
+    if (!path.isEmpty())
+        return true;
+    m_messageBox.ShowMessage(CMessageBoxMan::KIND_WARNING, "Open file", kChooseFile, QString(), QString(), -1);
+    return false;
+}
+
+bool CCalDataDockWidget::ChooseFileToSave(QString &path)
+{
+    CFileDialogMan dialog;
+    dialog.GetSaveFilePath(QString(), "Ini file (*.ini)|*.ini", path);
+    if (!path.isEmpty())
+        return true;
+    m_messageBox.ShowMessage(CMessageBoxMan::KIND_WARNING, "Save file", kChooseFile, QString(), QString(), -1);
+    return false;
+}
+
+void CCalDataDockWidget::ShowReadOutcome(const SOutcome &outcome, const SEachItemOperationResult &result,
+                                         const std::string &resultDataModel)
+{
+    if (result.errorCode == ERROR_CODE_SUCCESS)
+        UpdateWidgets(Parse(resultDataModel));
+    ShowOutcome(outcome, result);
+}
+
+void CCalDataDockWidget::ShowOutcome(const SOutcome &outcome, const SEachItemOperationResult &result)
+{
+    if (result.errorCode == ERROR_CODE_SUCCESS) {
+        emit Signal_UpdateStatus(outcome.success, 0);
+        return;
+    }
+    emit Signal_UpdateStatus(outcome.failure, 0);
+    ShowResultMessage(outcome.failure, result);
+}
+
+// ---- Bands -----------------------------------------------------------------------
+
+void CCalDataDockWidget::ChangeBand(const QString &band, void (CTdscdmaRadbenchCore::*set)(std::string),
+                                    std::string (CTdscdmaRadbenchCore::*get)(std::string))
+{
+    if (!m_isModelReady || band.isEmpty() || band == m_shownBand)
+        return;
+    qCDebug(lcView) << "============================ band change";
+    DisableOperation();
+    emit Signal_PluginIsBusy(true);
+
+    // The widgets still show the old band's values; the selector already
+    // names the new band.
+    QJsonObject previous = Parse(PackageMemberValue());
+    SetJsonValue(previous, kBandPath, m_shownBand);
+    m_previousModel = QJsonDocument(previous).toJson(QJsonDocument::Compact).toStdString();
+    (m_viewController->*set)(m_previousModel);
+
+    m_shownBand = band;
+    UpdateWidgets(Parse((m_viewController->*get)(PackageMemberValue())));
+
+    EnableOperation();
+    emit Signal_PluginIsBusy(false);
+}
