@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QTest>
 
 ModalBoxCatcher::ModalBoxCatcher(QObject *parent) : QObject(parent)
@@ -13,6 +14,18 @@ ModalBoxCatcher::ModalBoxCatcher(QObject *parent) : QObject(parent)
 
 void ModalBoxCatcher::Poll()
 {
+    auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    if (dialog && dialog->isVisible() && !m_paths.isEmpty()) {
+        ++m_fileDialogs;
+        const QString path = m_paths.takeFirst();
+        if (path.isEmpty()) {
+            dialog->reject();
+        } else {
+            dialog->selectFile(path);
+            static_cast<QDialog *>(dialog)->accept();
+        }
+        return;
+    }
     auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (!box || !box->isVisible())
         return;

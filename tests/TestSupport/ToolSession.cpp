@@ -1,0 +1,48 @@
+#include "ToolSession.h"
+
+#include <QApplication>
+#include <QStatusBar>
+#include <QTest>
+
+#include "TavoPluginInterface.h"
+#include "TavoSimControl.h"
+
+bool ToolSession::Load(QString *error)
+{
+    if (!m_loader.load()) {
+        *error = m_loader.errorString();
+        return false;
+    }
+    m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
+    if (!m_plugin)
+        *error = "the plug-in has no tool interface";
+    return m_plugin;
+}
+
+bool ToolSession::Open(const QString &profile)
+{
+    if (!TavoSim::LoadProfile(profile) || !m_plugin->QueryLaunchRequirement().isSupport)
+        return false;
+    TavoSim::LoadDatabase();
+    m_plugin->ShowTool();
+    m_window = nullptr;
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == "CTdscdmaRadbenchForm")
+            m_window = widget;
+    }
+    if (!m_window || !QTest::qWaitFor([this] { return m_window->isEnabled() && Status() == "Init done."; }))
+        return false;
+    TavoSim::ClearCallLog();
+    return true;
+}
+
+QDockWidget *ToolSession::ShowPage(const QString &page)
+{
+    auto *dock = m_window->findChild<QDockWidget *>(page);
+    if (!dock)
+        return nullptr;
+    dock->raise();
+    return QTest::qWaitFor([dock] { return dock->isVisible() && dock->isEnabled(); }, 2000) ? dock : nullptr;
+}
+
+QString ToolSession::Status() const { return m_window->findChild<QStatusBar *>()->currentMessage(); }

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDockWidget>
+#include <QPluginLoader>
+#include <QString>
+
+class TavoPluginInterface;
+
+// The plug-in as the host has it: loaded from its file, driven through its
+// interface only, its window found among the application's windows. GUI
+// tests open the tool on a simulated target and drive its real pages.
+class ToolSession {
+public:
+    explicit ToolSession(const QString &pluginPath) : m_loader(pluginPath) {}
+
+    // In initTestCase and cleanupTestCase: the tool's widgets must go before
+    // the application does.
+    bool Load(QString *error);
+    bool Unload() { return m_loader.unload(); }
+
+    TavoPluginInterface *Plugin() const { return m_plugin; }
+    QObject *Instance() { return m_loader.instance(); }
+
+    // The tool shown on `profile` with its database, ready, the call log empty.
+    bool Open(const QString &profile = "default");
+    QWidget *Window() const { return m_window; }
+    // Brings the page of class `page` to the front; null when it does not
+    // become visible and enabled.
+    QDockWidget *ShowPage(const QString &page);
+    QString Status() const;
+
+    // The named widget of a page, with a warning when there is none.
+    template <typename W>
+    static W *Find(QWidget *page, const QString &name)
+    {
+        W *widget = page->findChild<W *>(name);
+        if (!widget)
+            qWarning("no widget %s", qPrintable(name));
+        return widget;
+    }
+
+private:
+    QPluginLoader m_loader;
+    TavoPluginInterface *m_plugin = nullptr;
+    QWidget *m_window = nullptr;
+};

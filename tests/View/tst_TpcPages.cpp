@@ -1,0 +1,385 @@
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QProgressBar>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QToolButton>
+#include <QtTest>
+
+#include <cstring>
+
+#include "ModalBoxCatcher.h"
+#include "TavoPluginInterface.h"
+#include "TavoSimControl.h"
+#include "TestFiles.h"
+#include "TestLog.h"
+#include "ToolSession.h"
+
+namespace {
+
+constexpr int kBands = 5;
+const char *const kLegacyTxDacLids[kBands] = {
+    "NVRAM_EF_AST_TL1_TXDAC_BAND33_35_37_39_LID", "NVRAM_EF_AST_TL1_TXDAC_BAND34_LID",
+    "NVRAM_EF_AST_TL1_TXDAC_BAND36_LID", "NVRAM_EF_AST_TL1_TXDAC_BAND38_LID", "NVRAM_EF_AST_TL1_TXDAC_BAND40_LID"};
+
+// The TPC page of a profile's record generation: layer-1 stores behind the
+// TX data commands on "default", NVRAM records on "legacy-v1".
+bool IsV3(const QString &profile) { return profile == "default"; }
+QString PageOf(const QString &profile) { return IsV3(profile) ? "CTdscdmaTpcDockWidgetV3" : "CTdscdmaTpcDockWidget"; }
+
+QString TxDacLid(const QString &profile, int band)
+{
+    return IsV3(profile) ? QString("TL1_TPC_TXDAC_BAND%1").arg(band) : kLegacyTxDacLids[band];
+}
+
+// The TX DAC and TX CLPC records of every band group as the target holds them.
+QList<QByteArray> TpcRecords(const QString &profile)
+{
+    QList<QByteArray> records;
+    for (int band = 0; band < kBands; ++band) {
+        const QString txDac = TxDacLid(profile, band);
+        records << TavoSim::NvramRecord(txDac) << TavoSim::NvramRecord(QString(txDac).replace("TXDAC", "TXCLPC"));
+    }
+    return records;
+}
+
+// Band 0's TX DAC record decoded.
+TavoTxDacRecord TxDac(const QString &profile, int band = 0)
+{
+    TavoTxDacRecord record = {};
+    const QByteArray raw = TavoSim::NvramRecord(TxDacLid(profile, band));
+    if (IsV3(profile))
+        std::memcpy(&record, raw.constData(), qMin(size_t(raw.size()), sizeof record));
+    else
+        TAVO_NVRAM_DecomposeTxDac(&record, raw.constData(), uint32_t(raw.size()));
+    return record;
+}
+
+// The field of a record that a row of the tests edits.
+int Field(const TavoTxDacRecord &record, const QString &field)
+{
+    if (field == "hysteresisStart0")
+        return record.hysteresisStart0;
+    if (field == "paPower[1][2]")
+        return record.paPower[1][2];
+    return record.subbandPowerComp[0][3];
+}
+
+// The places where `before` and `after` differ, as "record:byte" of the list.
+QStringList Differences(const QList<QByteArray> &before, const QList<QByteArray> &after)
+{
+    QStringList places;
+    for (int i = 0; i < before.size() && i < after.size(); ++i) {
+        if (before[i].size() != after[i].size())
+            places << QString("%1:size").arg(i);
+        for (int at = 0; at < before[i].size() && at < after[i].size(); ++at) {
+            if (before[i][at] != after[i][at])
+                places << QString("%1:%2").arg(i).arg(at);
+        }
+    }
+    return places;
+}
+
+} // namespace
+
+// The TPC pages of both record generations as a user drives them: the real
+// plug-in and window on a simulated target, the real widgets typed into and
+// clicked, the file dialogs answered, the target's records checked.
+class TestTpcPages : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        TestLog::SetChannel(QtCriticalMsg, false);
+        TestLog::MuteOffscreenPlatformNotes();
+        QString error;
+        QVERIFY2(m_tool.Load(&error), qPrintable(error));
+        m_busy = new QSignalSpy(m_tool.Instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
+    }
+
+    void cleanupTestCase()
+    {
+        delete m_busy;
+        QVERIFY(m_tool.Unload());
+    }
+
+    void init()
+    {
+        m_tool.Plugin()->ResetPlugin();
+        QVERIFY(m_dir.isValid());
+    }
+    void cleanup()
+    {
+        m_tool.Plugin()->HideTool();
+        TavoSim::Reset();
+    }
+
+    void readThenWriteChangesOneField_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("widget");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("stored");
+        for (const QString profile : {"default", "legacy-v1"}) {
+            const int shift = IsV3(profile) ? 1 : 0;
+            const QByteArray name = profile.toLatin1();
+            QTest::addRow("%s: hysteresis", name.constData())
+                << profile << "calDataIf_data_group2_memberProperty_hysteresisStart0" << -1 << -1 << "hysteresisStart0"
+                << 1.0 << "7" << 7;
+            QTest::addRow("%s: power cell", name.constData())
+                << profile << QString("calDataIf_data_group%1_memberProperty_paH").arg(5 + shift) << 1 << 2
+                << "paPower[1][2]" << 32.0 << "-12.5" << -400;
+            QTest::addRow("%s: sub-band compensation", name.constData())
+                << profile << QString("calDataIf_data_group%1_memberProperty_uarfcn").arg(6 + shift) << 1 << 3
+                << "subbandPowerComp[0][3]" << 32.0 << "1.03125" << 33;
+        }
+    }
+    void readThenWriteChangesOneField()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, widget);
+        QFETCH(int, row);
+        QFETCH(int, column);
+        QFETCH(QString, field);
+        QFETCH(double, scale);
+        QDockWidget *page = OpenPage(profile);
+        QVERIFY(page);
+
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QAbstractSpinBox *box = Box(page, widget, row, column);
+        QVERIFY(box);
+        QCOMPARE(Number(box) * scale, double(Field(TxDac(profile), field)));
+
+        const QList<QByteArray> before = TpcRecords(profile);
+        box->selectAll();
+        QFETCH(QString, typed);
+        QTest::keyClicks(box, typed);
+        QVERIFY(Press(page, "m_btnDownload", "Download to flash successfully."));
+        QTEST(Field(TxDac(profile), field), "stored");
+        // One 16-bit field of band 0's TX DAC record, nothing else anywhere.
+        const QStringList changed = Differences(before, TpcRecords(profile));
+        QVERIFY2(!changed.isEmpty() && changed.size() <= 2 && changed.first().startsWith("0:"),
+                 qPrintable(changed.join(' ')));
+    }
+
+    // The user turns the band selector with the keyboard: what was typed in
+    // one band survives a trip to another and back, and nothing is written.
+    void bandChangeKeepsTheEdits()
+    {
+        QDockWidget *page = OpenPage("default");
+        QVERIFY(page);
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
+        QCOMPARE(band->currentIndex(), 0);
+        hysteresis->setValue(42);
+
+        m_busy->clear();
+        band->setFocus();
+        QTest::keyClick(band, Qt::Key_Down);
+        QCOMPARE(band->currentIndex(), 1);
+        QCOMPARE(hysteresis->value(), int(TxDac("default", 1).hysteresisStart0));
+        QCOMPARE(m_busy->count(), 2);
+        QCOMPARE(m_busy->last().at(1).toBool(), false);
+
+        QTest::keyClick(band, Qt::Key_Up);
+        QCOMPARE(hysteresis->value(), 42);
+        QCOMPARE(TavoSim::CallCount("AST_Tavo_NVRAM_TX_Write_r"), 0);
+    }
+
+    // Edits of two bands go to a file; a fresh target that takes the file
+    // gets them, and every other band as it was.
+    void exportThenImportRestoresEveryBand()
+    {
+        QDockWidget *page = OpenPage("default");
+        QVERIFY(page);
+        const QList<QByteArray> seeded = TpcRecords("default");
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
+        hysteresis->setValue(7);
+        band->setCurrentIndex(1);
+        hysteresis->setValue(9);
+
+        const QString file = m_dir.filePath("tpc.ini");
+        ModalBoxCatcher dialogs;
+        dialogs.AnswerFileDialogs({file});
+        QVERIFY(Press(page, "m_btnSave", "Export data to file successfully."));
+        QCOMPARE(dialogs.FileDialogCount(), 1);
+        QVERIFY(TestFiles::Read(file).contains("[TDSCDMA 2010-2025MHz TPC]"));
+
+        // A fresh target; the page's item forgets by reading it.
+        TavoSim::Reset();
+        TavoSim::LoadDatabase();
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QCOMPARE(hysteresis->value(), int(TxDac("default", 1).hysteresisStart0));
+        dialogs.AnswerFileDialogs({file});
+        QVERIFY(Press(page, "m_btnLoad", "Import data from file successfully."));
+        QCOMPARE(hysteresis->value(), 9);
+        QVERIFY(Press(page, "m_btnDownload", "Download to flash successfully."));
+
+        QCOMPARE(int(TxDac("default", 0).hysteresisStart0), 7);
+        QCOMPARE(int(TxDac("default", 1).hysteresisStart0), 9);
+        const QStringList changed = Differences(seeded, TpcRecords("default"));
+        for (const QString &place : changed)
+            QVERIFY2(place.startsWith("0:") || place.startsWith("2:"), qPrintable(changed.join(' ')));
+    }
+
+    void failuresLeaveThePageAndTheDataWhole_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("failure");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("boxText");
+        QTest::addColumn<QString>("informative");
+        QTest::addColumn<QString>("writeAfter");
+        const QString written = "Download to flash successfully.";
+        QTest::newRow("read fails on one band") << "m_btnUpload" << "read band 2" << "Read data from target failed."
+                                                << "Tavo command execute failed." << "" << written;
+        QTest::newRow("write fails in the middle") << "m_btnDownload" << "write band 2" << "Download to flash failed."
+                                                   << "Tavo command execute failed." << "" << written;
+        QTest::newRow("export to a folder that is not there")
+            << "m_btnSave" << "unwritable" << "Export data to file failed." << "File can not be operated"
+            << "Cannot write the file" << written;
+        // The item keeps its data, but only a read or an import that passes
+        // its checks makes it good for the target again.
+        QTest::newRow("import of a garbled file")
+            << "m_btnLoad" << "garbled" << "Import data from file failed." << "Data does not exist in this file."
+            << "Please select the file that includes the data you want to operate." << "Download to flash failed.";
+        QTest::newRow("import cancelled") << "m_btnLoad" << "cancel" << "" << "Please choose the Cal/Ini file..."
+                                          << "" << written;
+    }
+    void failuresLeaveThePageAndTheDataWhole()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, failure);
+        QFETCH(QString, status);
+        const QString written = "Download to flash successfully.";
+        QDockWidget *page = OpenPage("default");
+        QVERIFY(page);
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
+        hysteresis->setValue(5);
+        const QList<QByteArray> before = TpcRecords("default");
+
+        ModalBoxCatcher boxes;
+        if (failure == "read band 2")
+            TavoSim::InjectFault({"AST_Tavo_NVRAM_TX_Read_r", {"band=2"}, TAVO_ERR_FAILED, 1});
+        else if (failure == "write band 2")
+            TavoSim::InjectFault({"AST_Tavo_NVRAM_TX_Write_r", {"band=2"}, TAVO_ERR_FAILED, 1});
+        else if (failure == "unwritable")
+            boxes.AnswerFileDialogs({m_dir.filePath("missing/folder/tpc.ini")});
+        else if (failure == "garbled")
+            boxes.AnswerFileDialogs({Garbled()});
+        else
+            boxes.AnswerFileDialogs({QString()});
+        m_busy->clear();
+        m_tool.Window()->findChild<QStatusBar *>()->clearMessage();
+        QTest::mouseClick(ToolSession::Find<QToolButton>(page, button), Qt::LeftButton);
+        QVERIFY(boxes.WaitFor(1));
+        QCOMPARE(m_tool.Status(), status);
+        const ModalBoxCatcher::Box &box = boxes.Boxes()[0];
+        QFETCH(QString, boxText);
+        QVERIFY2(box.text.contains(boxText), qPrintable(box.text));
+        QFETCH(QString, informative);
+        if (!informative.isEmpty())
+            QVERIFY2(box.informativeText.startsWith(informative), qPrintable(box.informativeText));
+        if (!status.isEmpty())
+            QCOMPARE(box.title, status);
+
+        // Idle again, the host told so; nothing lost on the target or in the item.
+        for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
+            QVERIFY(ToolSession::Find<QToolButton>(page, name)->isEnabled());
+        QVERIFY(ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
+        QVERIFY(m_busy->isEmpty() || !m_busy->last().at(1).toBool());
+        if (button != "m_btnDownload")
+            QCOMPARE(TpcRecords("default"), before);
+        // The item holds every band still: the next band as read, the shown
+        // one as typed.
+        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        band->setCurrentIndex(1);
+        QCOMPARE(hysteresis->value(), int(TxDac("default", 1).hysteresisStart0));
+        band->setCurrentIndex(0);
+        QCOMPARE(hysteresis->value(), 5);
+
+        QFETCH(QString, writeAfter);
+        QVERIFY(Press(page, "m_btnDownload", writeAfter));
+        QCOMPARE(int(TxDac("default").hysteresisStart0) == 5, writeAfter == written);
+    }
+
+    // A second per call: the window keeps serving events and shows how far
+    // the movement has come.
+    void slowReadKeepsTheWindowResponsive()
+    {
+        QDockWidget *page = OpenPage("default");
+        QVERIFY(page);
+        TavoSim::SetLatency("AST_Tavo_NVRAM_TX_Read_r", 1000);
+        int ticks = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
+        timer.start(50);
+        QTest::mouseClick(ToolSession::Find<QToolButton>(page, "m_btnUpload"), Qt::LeftButton);
+        auto *progress = m_tool.Window()->findChild<QProgressBar *>("operationProgress");
+        QTRY_VERIFY(progress && progress->isVisible());
+        QCOMPARE(progress->text(), QString("0/1 items"));
+        QTRY_COMPARE_WITH_TIMEOUT(m_tool.Status(), QString("Read data from target successfully."), 30000);
+        QVERIFY(!progress->isVisible());
+        // The read took a second per call; at least half the timer's ticks
+        // of that time came.
+        const int expected = TavoSim::CallCount("AST_Tavo_NVRAM_TX_Read_r") * 1000 / 50;
+        QVERIFY2(ticks >= expected / 2, qPrintable(QString("%1 of %2 ticks").arg(ticks).arg(expected)));
+    }
+
+private:
+    QDockWidget *OpenPage(const QString &profile)
+    {
+        if (!m_tool.Open(profile))
+            return nullptr;
+        m_busy->clear();
+        return m_tool.ShowPage(PageOf(profile));
+    }
+
+    // Clicks a button of the page and waits for the status line it should give.
+    bool Press(QDockWidget *page, const QString &button, const QString &status)
+    {
+        m_tool.Window()->findChild<QStatusBar *>()->clearMessage();
+        QTest::mouseClick(ToolSession::Find<QToolButton>(page, button), Qt::LeftButton);
+        return QTest::qWaitFor([this, &status] { return m_tool.Status() == status; }, 10000);
+    }
+
+    // A single value's box, or a table's cell.
+    static QAbstractSpinBox *Box(QDockWidget *page, const QString &widget, int row, int column)
+    {
+        if (row < 0)
+            return ToolSession::Find<QAbstractSpinBox>(page, widget);
+        auto *table = ToolSession::Find<QTableWidget>(page, widget);
+        return table ? qobject_cast<QAbstractSpinBox *>(table->cellWidget(row, column)) : nullptr;
+    }
+    static double Number(QAbstractSpinBox *box)
+    {
+        if (auto *spin = qobject_cast<QSpinBox *>(box))
+            return spin->value();
+        return qobject_cast<QDoubleSpinBox *>(box)->value();
+    }
+
+    QString Garbled()
+    {
+        const QString path = m_dir.filePath("garbled.ini");
+        TestFiles::Write(path, "[TDSCDMA 1850-1930MHz TP\x01C\nSTART1 == ]]\n\xff\xfe garbage\n");
+        return path;
+    }
+
+    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
+    QSignalSpy *m_busy = nullptr;
+    QTemporaryDir m_dir;
+};
+
+QTEST_MAIN(TestTpcPages)
+#include "tst_TpcPages.moc"
