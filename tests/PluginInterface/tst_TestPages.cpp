@@ -12,19 +12,7 @@
 #include "SimScope.h"
 #include "TavoPluginInterface.h"
 #include "TestLog.h"
-
-namespace {
-
-QWidget *ToolWindow()
-{
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == "CTdscdmaRadbenchForm")
-            return widget;
-    }
-    return nullptr;
-}
-
-} // namespace
+#include "ToolSession.h"
 
 // The plug-in as the host sees it, loaded from its file, through its
 // interface only; and its test pages as a user drives them: the real window
@@ -36,17 +24,16 @@ private slots:
     {
         TestLog::SetChannel(QtCriticalMsg, false);
         TestLog::MuteOffscreenPlatformNotes();
-        QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
-        m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
-        QVERIFY(m_plugin);
-        m_busy = new QSignalSpy(m_loader.instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
+        QString error;
+        QVERIFY2(m_tool.Load(&error), qPrintable(error));
+        m_plugin = m_tool.Plugin();
+        m_busy = new QSignalSpy(m_tool.Instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
     }
 
     void cleanupTestCase()
     {
         delete m_busy;
-        // The tool's widgets must go before the application does.
-        QVERIFY(m_loader.unload());
+        QVERIFY(m_tool.Unload());
     }
 
     void init() { m_plugin->ResetPlugin(); }
@@ -83,9 +70,9 @@ private slots:
     void showHideAndReset()
     {
         QVERIFY(TavoSim::LoadProfile("default"));
-        QSignalSpy activated(m_loader.instance(), SIGNAL(Signal_PluginIsActivated(QString, bool)));
+        QSignalSpy activated(m_tool.Instance(), SIGNAL(Signal_PluginIsActivated(QString, bool)));
         m_plugin->ShowTool();
-        QWidget *window = ToolWindow();
+        QWidget *window = ToolSession::FindWindow();
         QVERIFY(window && window->isVisible());
         QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 9);
         m_plugin->HideTool();
@@ -271,42 +258,21 @@ private slots:
     }
 
 private:
-    // The tool shown on the default target with its database, ready.
     bool Open()
     {
-        if (!TavoSim::LoadProfile("default") || !m_plugin->QueryLaunchRequirement().isSupport)
-            return false;
-        TavoSim::LoadDatabase();
-        m_plugin->ShowTool();
-        m_window = ToolWindow();
-        if (!m_window || !QTest::qWaitFor([this] { return m_window->isEnabled() && Status() == "Init done."; }))
-            return false;
-        TavoSim::ClearCallLog();
         m_busy->clear();
-        return true;
+        return m_tool.Open();
     }
-    QDockWidget *ShowPage(const QString &page)
-    {
-        auto *dock = m_window->findChild<QDockWidget *>(page);
-        if (!dock)
-            return nullptr;
-        dock->raise();
-        return QTest::qWaitFor([dock] { return dock->isVisible() && dock->isEnabled(); }, 2000) ? dock : nullptr;
-    }
+    QDockWidget *ShowPage(const QString &page) { return m_tool.ShowPage(page); }
     template <typename W>
     W *Find(QDockWidget *page, const QString &name)
     {
-        W *widget = page->findChild<W *>(name);
-        if (!widget)
-            qWarning("no widget %s", qPrintable(name));
-        return widget;
+        return ToolSession::Find<W>(page, name);
     }
+    QString Status() const { return m_tool.Status(); }
 
-    QString Status() const { return m_window->findChild<QStatusBar *>()->currentMessage(); }
-
-    QPluginLoader m_loader{RADBENCH_PLUGIN_PATH};
+    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
     TavoPluginInterface *m_plugin = nullptr;
-    QWidget *m_window = nullptr;
     QSignalSpy *m_busy = nullptr;
 };
 

@@ -25,15 +25,20 @@ bool ToolSession::Open(const QString &profile)
         return false;
     TavoSim::LoadDatabase();
     m_plugin->ShowTool();
-    m_window = nullptr;
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == "CTdscdmaRadbenchForm")
-            m_window = widget;
-    }
+    m_window = FindWindow();
     if (!m_window || !QTest::qWaitFor([this] { return m_window->isEnabled() && Status() == "Init done."; }))
         return false;
     TavoSim::ClearCallLog();
     return true;
+}
+
+QWidget *ToolSession::FindWindow()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == "CTdscdmaRadbenchForm")
+            return widget;
+    }
+    return nullptr;
 }
 
 QDockWidget *ToolSession::ShowPage(const QString &page)

@@ -24,6 +24,8 @@ public:
     // The tool shown on `profile` with its database, ready, the call log empty.
     bool Open(const QString &profile = "default");
     QWidget *Window() const { return m_window; }
+    // The tool's main window among the application's windows, if it exists.
+    static QWidget *FindWindow();
     // Brings the page of class `page` to the front; null when it does not
     // become visible and enabled.
     QDockWidget *ShowPage(const QString &page);
