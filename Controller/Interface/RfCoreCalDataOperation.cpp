@@ -3,6 +3,7 @@
 #include <QJsonDocument>
 
 #include "PoolRun.h"
+#include "RadbenchLog.h"
 
 namespace {
 
@@ -102,6 +103,7 @@ void IRfCoreCalDataOperation::StartMovement(ECalDataMovement movement, TIniFile 
 void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
 {
     run.ResetItemResults();
+    m_stopRequested = false;
     // Whatever escapes from an item ends the pass with the results so far.
     try {
         for (int i = 0; i < run.m_operateItems.size(); ++i) {
@@ -109,6 +111,8 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
                 HandOverToReceivers();
                 emit Signal_FinishItemCount(0, SEachItemOperationResult());
             }
+            if (StopBefore(run, i))
+                break;
             const QString &name = run.m_operateItems.at(i);
             run.m_errorMessage.clear();
             int code = ERROR_CODE_NOT_EXECUTED;
@@ -139,6 +143,21 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
         emit Signal_SaveToFileDone(run.m_isAllSuccess, run.m_itemResults);
         break;
     }
+}
+
+bool IRfCoreCalDataOperation::StopBefore(SCalDataRun &run, int next)
+{
+    if (!m_stopRequested.exchange(false))
+        return false;
+    qCDebug(lcController).noquote() << QString("[%1] action stop()").arg(metaObject()->className())
+                                    << run.m_operateItems.at(next);
+    run.m_isAllSuccess = false;
+    for (int i = next; i < run.m_operateItems.size(); ++i) {
+        run.AddItemResult(run.m_operateItems.at(i), ERROR_CODE_TERMINATED, "You stoped the operation.");
+        HandOverToReceivers();
+        emit Signal_FinishItemCount(i + 1, run.GetItemResult(i));
+    }
+    return true;
 }
 
 // ---- Exchange with pages -----------------------------------------------------------

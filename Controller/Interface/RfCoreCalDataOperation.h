@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -54,6 +55,10 @@ public:
     virtual void SaveToFile(TIniFile *file, QStringList items);
     // The text of the last failure of any run.
     virtual QString GetErrorMessage();
+    // Asks the running movement to stop before its next item: that item and
+    // the ones after it end as terminated (code 4). Any thread; a movement
+    // that starts later forgets the request.
+    void RequestStop() { m_stopRequested = true; }
     virtual void ResetCapability() = 0;
     virtual SRatSupportStatus GetRatSupportStatus() = 0;
 
@@ -110,6 +115,10 @@ protected:
 
 private:
     void StartMovement(ECalDataMovement movement, TIniFile *file, QStringList items);
+    // With a stop requested: the items from `next` on end as terminated.
+    bool StopBefore(SCalDataRun &run, int next);
+
+    std::atomic<bool> m_stopRequested{false};
 
     QString m_errorMessage;
 };

@@ -334,6 +334,44 @@ private slots:
         QTEST(badItem->object.calls + goodItem->object.calls, "calls");
     }
 
+    // A stop asked for while an item moves ends the movement before the next
+    // one: every item left over is terminated, and the pass still ends.
+    void stopBetweenItems()
+    {
+        struct CStoppingItem : CFakeCalItem {
+            using CFakeCalItem::CFakeCalItem;
+            int Move(ECalDataMovement movement, TIniFile *file, QString &errorMessage) override
+            {
+                CTdscdmaCore::GetInstance()->RequestStop();
+                return CFakeCalItem::Move(movement, file, errorMessage);
+            }
+        };
+        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
+        auto *stopper = new CStoppingItem(100, "Fake Stopper");
+        auto *other = new CFakeCalItem(101, "Fake Good");
+        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(stopper));
+        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(other));
+        auto restore = qScopeGuard([core] {
+            core->TakeCalItem(100);
+            core->TakeCalItem(101);
+        });
+        SCoreLog log(core);
+        core->UploadFromFlash({"Fake Stopper", "Fake Good", "Fake Good"});
+        QTRY_COMPARE(log.done, QStringList{"upload"});
+        QVERIFY(!log.isAllSuccess);
+        const QString stopped = "Fake Good:4:You stoped the operation.";
+        QCOMPARE(log.results, (QStringList{"Fake Stopper:0:", stopped, stopped}));
+        QCOMPARE(log.progress, (QList<int>{0, 1, 2, 3}));
+        QCOMPARE(other->object.calls, QStringList());
+
+        // The request is spent: the next movement runs whole.
+        log.done.clear();
+        log.results.clear();
+        core->UploadFromFlash({"Fake Good"});
+        QTRY_COMPARE(log.done, QStringList{"upload"});
+        QCOMPARE(log.results, QStringList{"Fake Good:0:"});
+    }
+
     // A page item added as a descriptor is served like the tool's own: its
     // test's answer reaches the page, and a stop it has none of takes the
     // common stop (its page and model: tests/View/tst_TdscdmaRadbenchForm).
