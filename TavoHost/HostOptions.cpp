@@ -25,6 +25,11 @@ CHostOptions::CHostOptions()
                    QStringLiteral("With --screenshot: bring the tool's page titled <title> to the front "
                                   "before the picture is taken."),
                    QStringLiteral("title")),
+      m_pressOption(QStringLiteral("press"),
+                    QStringLiteral("With --page: press the page's button of object name <button> and take the "
+                                   "picture once the tool's status line tells the outcome, for example "
+                                   "--page \"TPC Profile\" --press m_btnUpload."),
+                    QStringLiteral("button")),
       m_traceOption(QStringLiteral("trace"),
                     QStringLiteral("Print the tool's debug trace too (without it only warnings and failures are "
                                    "printed, unless QT_LOGGING_RULES says otherwise)."))
@@ -38,6 +43,7 @@ CHostOptions::CHostOptions()
     m_parser.addOption(m_timeoutOption);
     m_parser.addOption(m_nvramOption);
     m_parser.addOption(m_pageOption);
+    m_parser.addOption(m_pressOption);
     m_parser.addOption(m_traceOption);
 }
 
@@ -60,6 +66,7 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     screenshotFile = m_parser.value(m_screenshotOption);
     nvramFile = m_parser.value(m_nvramOption);
     page = m_parser.value(m_pageOption);
+    press = m_parser.value(m_pressOption);
     trace = m_parser.isSet(m_traceOption);
 
     bool ok = false;
@@ -79,6 +86,10 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     }
     if (m_parser.isSet(m_nvramOption) && nvramFile.isEmpty()) {
         m_error = QStringLiteral("--nvram wants a file name");
+        return Outcome::Error;
+    }
+    if (m_parser.isSet(m_pressOption) && (press.isEmpty() || page.isEmpty())) {
+        m_error = QStringLiteral("--press wants a button's object name and --page");
         return Outcome::Error;
     }
     if (m_parser.isSet(m_screenshotOption) && screenshotFile.isEmpty()) {

@@ -21,6 +21,7 @@ public:
     QString profile = QStringLiteral("default");
     QString screenshotFile; /* empty: interactive */
     QString page;           /* with --screenshot: the page to bring to the front */
+    QString press;          /* with --page: the page's button to press before the picture */
     QString nvramFile;      /* empty: the target's NVRAM lives as long as the host */
     int timeoutSec = 60;
     bool trace = false;     /* let the tool's debug trace through */
@@ -33,6 +34,7 @@ private:
     QCommandLineOption m_timeoutOption;
     QCommandLineOption m_nvramOption;
     QCommandLineOption m_pageOption;
+    QCommandLineOption m_pressOption;
     QCommandLineOption m_traceOption;
     QString m_error;
 };

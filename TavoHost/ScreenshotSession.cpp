@@ -1,9 +1,11 @@
 #include "ScreenshotSession.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QPixmap>
+#include <QStatusBar>
 #include <QTimer>
 #include <QWidget>
 
@@ -67,8 +69,13 @@ void CScreenshotSession::Save(QWidget *toolWindow)
         }
         page->raise();
         m_page.clear();
+        m_shownPage = page;
         // Let the page come to the front and paint before the picture.
         QTimer::singleShot(300, this, [this, toolWindow] { Save(toolWindow); });
+        return;
+    }
+    if (!m_press.isEmpty()) {
+        Press(toolWindow);
         return;
     }
     const QPixmap picture = toolWindow->grab();
@@ -86,4 +93,30 @@ void CScreenshotSession::Save(QWidget *toolWindow)
         return;
     }
     Finish(Saved, QStringLiteral("screenshot saved: %1").arg(m_file));
+}
+
+void CScreenshotSession::Press(QWidget *toolWindow)
+{
+    const QString name = m_press;
+    m_press.clear();
+    auto *button = m_shownPage ? m_shownPage->findChild<QAbstractButton *>(name) : nullptr;
+    auto *status = toolWindow->findChild<QStatusBar *>();
+    if (!button || !status) {
+        Finish(Failed, button ? QStringLiteral("the tool has no status line")
+                              : QStringLiteral("the page has no button \"%1\"").arg(name));
+        return;
+    }
+    // The outcome's line, then a moment to paint it; or the time-out.
+    auto *told = new QObject(this);
+    connect(status, &QStatusBar::messageChanged, told, [this, told, toolWindow](const QString &message) {
+        if (message.isEmpty())
+            return;
+        told->deleteLater();
+        QTimer::singleShot(300, this, [this, toolWindow] { Save(toolWindow); });
+    });
+    QTimer::singleShot(m_timeoutMs, told, [this, name] {
+        Finish(NotReady, QStringLiteral("pressing %1 told nothing after %2 s").arg(name).arg(m_timeoutMs / 1000.0));
+    });
+    status->clearMessage();
+    button->click();
 }

@@ -21,6 +21,9 @@ public:
     void SetIgnoredWindow(QWidget *window) { m_ignored = window; }
     /* The page (a dock widget by its title) to bring to the front first. */
     void SetPage(const QString &title) { m_page = title; }
+    /* A button of that page (by object name) to press first; the picture is
+     * taken once the tool's status line has changed. */
+    void SetPress(const QString &button) { m_press = button; }
     /* Launches the tool. Signal_Finished follows, once, from the event loop. */
     void Start();
 
@@ -31,6 +34,8 @@ signals:
 private:
     void Finish(int exitCode, const QString &message);
     void Save(QWidget *toolWindow);
+    /* Presses m_press on m_shownPage, then Save once the status line tells. */
+    void Press(QWidget *toolWindow);
 
     CPluginHost *m_host;
     QString m_file;
@@ -38,4 +43,6 @@ private:
     QPointer<QWidget> m_ignored;
     CToolReadiness *m_readiness = nullptr;
     QString m_page;
+    QString m_press;
+    QPointer<QWidget> m_shownPage;
 };

@@ -67,6 +67,7 @@ int Run(const CHostOptions &options)
     if (screenshotMode) {
         CScreenshotSession session(&host, options.screenshotFile, options.timeoutSec * 1000);
         session.SetPage(options.page);
+        session.SetPress(options.press);
         session.SetIgnoredWindow(&window);
         int exitCode = CScreenshotSession::Failed;
         QString message;

@@ -39,6 +39,8 @@ private slots:
                                      << "tool not ready after 1 s" << "" << false;
         QTest::newRow("a page the tool does not have") << shot + QStringList{"--page", "No such page"} << "supported"
                                                        << 1 << "the tool has no page \"No such page\"" << "" << false;
+        QTest::newRow("a button to press without its page")
+            << shot + QStringList{"--press", "m_btnUpload"} << "supported" << 1 << "--press wants" << "" << false;
         QTest::newRow("unsupported") << shot << "unsupported" << 3 << FakeTool::kUnsupportedReason << "" << false;
         QTest::newRow("unknown profile") << shot + QStringList{"--profile", "no-such-profile"} << "supported" << 1
                                          << "no-such-profile" << "" << false;
