@@ -329,6 +329,11 @@ private slots:
         auto *progress = m_tool.Window()->findChild<QProgressBar *>("operationProgress");
         QTRY_VERIFY(progress && progress->isVisible());
         QCOMPARE(progress->text(), QString("0/1 items"));
+        // Running: no other movement and no band change can start.
+        for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
+            QVERIFY(!ToolSession::Find<QToolButton>(page, name)->isEnabled());
+        QVERIFY(!ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
+        QCOMPARE(m_busy->last().at(1).toBool(), true);
         QTRY_COMPARE_WITH_TIMEOUT(m_tool.Status(), QString("Read data from target successfully."), 30000);
         QVERIFY(!progress->isVisible());
         // The read took a second per call; at least half the timer's ticks
