@@ -11,7 +11,6 @@
 #include "ModalBoxCatcher.h"
 #include "SimScope.h"
 #include "TavoPluginInterface.h"
-#include "TestLog.h"
 #include "ToolSession.h"
 
 // The plug-in as the host sees it, loaded from its file, through its
@@ -22,17 +21,13 @@ class TestTestPages : public QObject {
 private slots:
     void initTestCase()
     {
-        TestLog::SetChannel(QtCriticalMsg, false);
-        TestLog::MuteOffscreenPlatformNotes();
         QString error;
         QVERIFY2(m_tool.Load(&error), qPrintable(error));
         m_plugin = m_tool.Plugin();
-        m_busy = new QSignalSpy(m_tool.Instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
     }
 
     void cleanupTestCase()
     {
-        delete m_busy;
         QVERIFY(m_tool.Unload());
     }
 
@@ -123,9 +118,9 @@ private slots:
         QTRY_COMPARE(Status(), started);
         QTEST(TavoSim::RadioActivity(), "running");
         QVERIFY(!start->isEnabled() && stop->isEnabled());
-        QCOMPARE(m_busy->count(), 2);
-        QCOMPARE(m_busy->at(0), (QVariantList{"TDSCDMA Radbench", true}));
-        QCOMPARE(m_busy->at(1), (QVariantList{"TDSCDMA Radbench", false}));
+        QCOMPARE(m_tool.Busy().count(), 2);
+        QCOMPARE(m_tool.Busy().at(0), (QVariantList{"TDSCDMA Radbench", true}));
+        QCOMPARE(m_tool.Busy().at(1), (QVariantList{"TDSCDMA Radbench", false}));
 
         QTest::mouseClick(stop, Qt::LeftButton);
         QTRY_COMPARE(Status(), stopped);
@@ -185,15 +180,15 @@ private slots:
         }
         TavoSim::FailOnce(failingCall, TAVO_ERR_TIMEOUT);
         TavoSim::SetResultText(TAVO_ERR_TIMEOUT, "no answer");
-        m_busy->clear();
+        m_tool.Busy().clear();
         ModalBoxCatcher boxes;
         QTest::mouseClick(pressed, Qt::LeftButton);
         QVERIFY(boxes.WaitFor(1));
         QCOMPARE(Status(), status);
         QTEST(boxes.Boxes()[0].title, "boxTitle");
         QVERIFY(boxes.Boxes()[0].text.contains("Tavo command execute failed."));
-        QCOMPARE(m_busy->count(), 2);
-        QCOMPARE(m_busy->last().at(1).toBool(), false);
+        QCOMPARE(m_tool.Busy().count(), 2);
+        QCOMPARE(m_tool.Busy().last().at(1).toBool(), false);
 
         // The page is back where the button was pressed.
         QVERIFY(pressed->isEnabled());
@@ -258,11 +253,7 @@ private slots:
     }
 
 private:
-    bool Open()
-    {
-        m_busy->clear();
-        return m_tool.Open();
-    }
+    bool Open() { return m_tool.Open(); }
     QDockWidget *ShowPage(const QString &page) { return m_tool.ShowPage(page); }
     template <typename W>
     W *Find(QDockWidget *page, const QString &name)
@@ -273,7 +264,6 @@ private:
 
     ToolSession m_tool{RADBENCH_PLUGIN_PATH};
     TavoPluginInterface *m_plugin = nullptr;
-    QSignalSpy *m_busy = nullptr;
 };
 
 QTEST_MAIN(TestTestPages)

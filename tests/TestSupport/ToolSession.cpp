@@ -6,17 +6,29 @@
 
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
+#include "TestLog.h"
 
 bool ToolSession::Load(QString *error)
 {
+    TestLog::SetChannel(QtCriticalMsg, false);
+    TestLog::MuteOffscreenPlatformNotes();
     if (!m_loader.load()) {
         *error = m_loader.errorString();
         return false;
     }
     m_plugin = qobject_cast<TavoPluginInterface *>(m_loader.instance());
-    if (!m_plugin)
+    if (!m_plugin) {
         *error = "the plug-in has no tool interface";
-    return m_plugin;
+        return false;
+    }
+    m_busy = std::make_unique<QSignalSpy>(m_loader.instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
+    return true;
+}
+
+bool ToolSession::Unload()
+{
+    m_busy.reset();
+    return m_loader.unload();
 }
 
 bool ToolSession::Open(const QString &profile)
@@ -29,6 +41,7 @@ bool ToolSession::Open(const QString &profile)
     if (!m_window || !QTest::qWaitFor([this] { return m_window->isEnabled() && Status() == "Init done."; }))
         return false;
     TavoSim::ClearCallLog();
+    m_busy->clear();
     return true;
 }
 

@@ -2,7 +2,10 @@
 
 #include <QDockWidget>
 #include <QPluginLoader>
+#include <QSignalSpy>
 #include <QString>
+
+#include <memory>
 
 class TavoPluginInterface;
 
@@ -14,12 +17,15 @@ public:
     explicit ToolSession(const QString &pluginPath) : m_loader(pluginPath) {}
 
     // In initTestCase and cleanupTestCase: the tool's widgets must go before
-    // the application does.
+    // the application does. Loading also keeps the tool's failure lines and
+    // the offscreen platform's notes out of the test's output.
     bool Load(QString *error);
-    bool Unload() { return m_loader.unload(); }
+    bool Unload();
 
     TavoPluginInterface *Plugin() const { return m_plugin; }
     QObject *Instance() { return m_loader.instance(); }
+    // What the plug-in told the host of being busy, since the last Open.
+    QSignalSpy &Busy() { return *m_busy; }
 
     // The tool shown on `profile` with its database, ready, the call log empty.
     bool Open(const QString &profile = "default");
@@ -45,4 +51,5 @@ private:
     QPluginLoader m_loader;
     TavoPluginInterface *m_plugin = nullptr;
     QWidget *m_window = nullptr;
+    std::unique_ptr<QSignalSpy> m_busy;
 };

@@ -15,7 +15,6 @@
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
 #include "TestFiles.h"
-#include "TestLog.h"
 #include "ToolSession.h"
 
 namespace {
@@ -93,16 +92,12 @@ class TestTpcPages : public QObject {
 private slots:
     void initTestCase()
     {
-        TestLog::SetChannel(QtCriticalMsg, false);
-        TestLog::MuteOffscreenPlatformNotes();
         QString error;
         QVERIFY2(m_tool.Load(&error), qPrintable(error));
-        m_busy = new QSignalSpy(m_tool.Instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
     }
 
     void cleanupTestCase()
     {
-        delete m_busy;
         QVERIFY(m_tool.Unload());
     }
 
@@ -181,13 +176,13 @@ private slots:
         QCOMPARE(band->currentIndex(), 0);
         hysteresis->setValue(42);
 
-        m_busy->clear();
+        m_tool.Busy().clear();
         band->setFocus();
         QTest::keyClick(band, Qt::Key_Down);
         QCOMPARE(band->currentIndex(), 1);
         QCOMPARE(hysteresis->value(), int(TxDac("default", 1).hysteresisStart0));
-        QCOMPARE(m_busy->count(), 2);
-        QCOMPARE(m_busy->last().at(1).toBool(), false);
+        QCOMPARE(m_tool.Busy().count(), 2);
+        QCOMPARE(m_tool.Busy().last().at(1).toBool(), false);
 
         QTest::keyClick(band, Qt::Key_Up);
         QCOMPARE(hysteresis->value(), 42);
@@ -280,7 +275,7 @@ private slots:
             boxes.AnswerFileDialogs({Garbled()});
         else
             boxes.AnswerFileDialogs({QString()});
-        m_busy->clear();
+        m_tool.Busy().clear();
         m_tool.Window()->findChild<QStatusBar *>()->clearMessage();
         QTest::mouseClick(ToolSession::Find<QToolButton>(page, button), Qt::LeftButton);
         QVERIFY(boxes.WaitFor(1));
@@ -298,7 +293,7 @@ private slots:
         for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
             QVERIFY(ToolSession::Find<QToolButton>(page, name)->isEnabled());
         QVERIFY(ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
-        QVERIFY(m_busy->isEmpty() || !m_busy->last().at(1).toBool());
+        QVERIFY(m_tool.Busy().isEmpty() || !m_tool.Busy().last().at(1).toBool());
         if (button != "m_btnDownload")
             QCOMPARE(TpcRecords("default"), before);
         // The item holds every band still: the next band as read, the shown
@@ -333,7 +328,7 @@ private slots:
         for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
             QVERIFY(!ToolSession::Find<QToolButton>(page, name)->isEnabled());
         QVERIFY(!ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
-        QCOMPARE(m_busy->last().at(1).toBool(), true);
+        QCOMPARE(m_tool.Busy().last().at(1).toBool(), true);
         QTRY_COMPARE_WITH_TIMEOUT(m_tool.Status(), QString("Read data from target successfully."), 30000);
         QVERIFY(!progress->isVisible());
         // The read took a second per call; at least half the timer's ticks
@@ -345,10 +340,7 @@ private slots:
 private:
     QDockWidget *OpenPage(const QString &profile)
     {
-        if (!m_tool.Open(profile))
-            return nullptr;
-        m_busy->clear();
-        return m_tool.ShowPage(PageOf(profile));
+        return m_tool.Open(profile) ? m_tool.ShowPage(PageOf(profile)) : nullptr;
     }
 
     // Clicks a button of the page and waits for the status line it should give.
@@ -382,7 +374,6 @@ private:
     }
 
     ToolSession m_tool{RADBENCH_PLUGIN_PATH};
-    QSignalSpy *m_busy = nullptr;
     QTemporaryDir m_dir;
 };
 
