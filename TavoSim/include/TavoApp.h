@@ -73,6 +73,52 @@ enum {
 TAVO_API TAVO_RESULT AST_Tavo_NVRAM_TX_Read_r(int handle, uint32_t timeoutMs, const void *request, void *confirm);
 TAVO_API TAVO_RESULT AST_Tavo_NVRAM_TX_Write_r(int handle, uint32_t timeoutMs, const void *request, void *confirm);
 
+/* ---- RX path loss commands ------------------------------------------------
+ *
+ * Layer 1's RX path loss of one band group, read and written whole. Two
+ * generations: the path loss commands carry four gain modes (high, middle,
+ * low, ext), the 8-level commands eight (then ext0 to ext3). A target whose
+ * NVRAM structure version is valid offers one of them: the 8-level commands
+ * when it has path loss V3, the others when not; the generation it does not
+ * offer answers TAVO_ERR_NOT_SUPPORTED.
+ *
+ * Every request and confirm starts with a head of 8 bytes, little-endian:
+ *   @0 band group index (0 to 4)
+ *   @2 version: AST_TAVO_NVRAM_PATHLOSS_VERSION or _8LEVEL_VERSION
+ *   @4 0 (4 bytes)
+ *
+ *   command                                request             confirm
+ *   AST_Tavo_NVRAM_Pathloss_Read_r         head only           head + record (222 bytes)
+ *   AST_Tavo_NVRAM_Pathloss_Write_r        head + record       head only
+ *   AST_Tavo_NVRAM_Pathloss_8level_Read_r  head only           head + 8-level record (406 bytes)
+ *   AST_Tavo_NVRAM_Pathloss_8level_Write_r head + 8-level rec. head only
+ *
+ * A record (AST_TAVO_NVRAM_PATHLOSS_RECORD_SIZE bytes) holds u16
+ * subbandMaxUarfcn[15], s16 subbandLoss[4][15] at 30, s16 tempLoss[4][8] at
+ * 150; an 8-level record (..._8LEVEL_RECORD_SIZE) the same with [8][15] at
+ * 30 and [8][8] at 270. Losses are in 1/8 dB on a target with extended AGC,
+ * else in dB.
+ *
+ * Unlike the TX commands, the call's result says it all: TAVO_OK when the
+ * target carried the request out; TAVO_ERR_INVALID_ARGUMENT for a wrong
+ * version or a band group beyond 4; TAVO_ERR_FAILED for a band group none of
+ * the target's bands lies in. A call that fails writes nothing into the
+ * confirm.
+ */
+
+#define AST_TAVO_NVRAM_PATHLOSS_HEAD_SIZE 8u
+#define AST_TAVO_NVRAM_PATHLOSS_RECORD_SIZE 214u
+#define AST_TAVO_NVRAM_PATHLOSS_8LEVEL_RECORD_SIZE 398u
+#define AST_TAVO_NVRAM_PATHLOSS_VERSION 1u
+#define AST_TAVO_NVRAM_PATHLOSS_8LEVEL_VERSION 2u
+
+TAVO_API TAVO_RESULT AST_Tavo_NVRAM_Pathloss_Read_r(int handle, uint32_t timeoutMs, const void *request, void *confirm);
+TAVO_API TAVO_RESULT AST_Tavo_NVRAM_Pathloss_Write_r(int handle, uint32_t timeoutMs, const void *request, void *confirm);
+TAVO_API TAVO_RESULT AST_Tavo_NVRAM_Pathloss_8level_Read_r(int handle, uint32_t timeoutMs, const void *request,
+                                                            void *confirm);
+TAVO_API TAVO_RESULT AST_Tavo_NVRAM_Pathloss_8level_Write_r(int handle, uint32_t timeoutMs, const void *request,
+                                                             void *confirm);
+
 #ifdef __cplusplus
 }
 #endif
