@@ -69,6 +69,14 @@ void FillPaModes(T (&field)[M][N], const QJsonObject &values, Convert convert)
         FillColumn(field[mode], values.value(kPaModes[mode]), convert);
 }
 
+// As FillColumn, but a column the model does not have leaves the field as it is.
+template <typename T, size_t N, typename Convert>
+void FillColumnIfPresent(T (&field)[N], const QJsonValue &column, Convert convert)
+{
+    if (column.isArray())
+        FillColumn(field, column, convert);
+}
+
 } // namespace
 
 uint32_t CTdscdmaCoreCmdBuilder::PaModeOf(const QString &text)
@@ -197,4 +205,35 @@ void CTdscdmaCoreCmdBuilder::ReadTpcModel(void *item, QJsonObject &model, int gr
     FillColumn(dac.subbandMaxUarfcn, subbands.value("uarfcn"), Integer);
     FillPaModes(dac.subbandPowerComp, subbands, dB);
     FillPaModes(dac.tempPowerComp, Values(model, 8 + groupShift), dB);
+}
+
+template <typename Record>
+void CTdscdmaCoreCmdBuilder::ReadPathlossModel(QJsonObject &model, int modes, Record &record)
+{
+    // On a target without extended AGC a loss is whole dB; the page's three
+    // decimals (13.000) read as a number all the same.
+    const double factor = m_capability.IsAgcExSupported() ? 8.0 : 1.0;
+    const auto loss = [factor](const QString &text) { return Scaled(text, factor); };
+    const QJsonObject byFrequency = Values(model, 1);
+    const QJsonObject byTemperature = Values(model, 2);
+    FillColumn(record.subbandMaxUarfcn, byFrequency.value("uarfcn"), Integer);
+    for (int mode = 0; mode < modes; ++mode) {
+        const QString member = QString("loss%1").arg(mode);
+        FillColumnIfPresent(record.subbandLoss[mode], byFrequency.value(member), loss);
+        FillColumnIfPresent(record.tempLoss[mode], byTemperature.value(member), loss);
+    }
+}
+
+_FTA_tl1cal_pathlossData_T CTdscdmaCoreCmdBuilder::GetPathlossCalDataCmd(QJsonObject model,
+                                                                         _FTA_tl1cal_pathlossData_T current)
+{
+    ReadPathlossModel(model, 4, current);
+    return current;
+}
+
+_FTA_tl1cal_pathlossData_8level_T
+CTdscdmaCoreCmdBuilder::GetPathlossCalDataCmdV3(QJsonObject model, _FTA_tl1cal_pathlossData_8level_T current)
+{
+    ReadPathlossModel(model, 8, current);
+    return current;
 }

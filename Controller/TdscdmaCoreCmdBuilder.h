@@ -6,6 +6,7 @@
 
 #include "Capability/TdscdmaCapability.h"
 #include "Items/STdscdmaUITpcDataByBand.h"
+#include "Items/TdscdmaPathlossData.h"
 #include "TestCommandRecords.h"
 
 // Turns a page's model, with its widgets' values under memberValue, into
@@ -26,6 +27,14 @@ public:
     STdscdmaUITpcDataByBand GetTpcCalDataCmd(void *item, QJsonObject model, STdscdmaUITpcDataByBand current);
     STdscdmaUITpcDataByBandV3 GetTpcCalDataCmdV3(void *item, QJsonObject model, STdscdmaUITpcDataByBandV3 current);
 
+    // The path loss of the band the model shows: `current` with the model's
+    // UARFCN row and loss rows (in 1/8 dB on a target with extended AGC,
+    // else whole dB) written over it. A loss row the page does not have
+    // (a gain mode the target does not support) keeps its values.
+    _FTA_tl1cal_pathlossData_T GetPathlossCalDataCmd(QJsonObject model, _FTA_tl1cal_pathlossData_T current);
+    _FTA_tl1cal_pathlossData_8level_T GetPathlossCalDataCmdV3(QJsonObject model,
+                                                              _FTA_tl1cal_pathlossData_8level_T current);
+
     // The index of a band group's text: "1850-1930MHz" 0 ... "2300-2400MHz"
     // 4, anything else 0.
     static int GetBandIndexByName(const QString &bandText);
@@ -39,6 +48,9 @@ private:
     // What the TPC and TPC V3 models share; `groupShift` is 1 for the V3
     // model, whose groups from the fourth on sit one further down.
     void ReadTpcModel(void *item, QJsonObject &model, int groupShift, STdscdmaUITpcDataByBand &data);
+    // What the two path loss records share: the rows of `modes` gain modes.
+    template <typename Record>
+    void ReadPathlossModel(QJsonObject &model, int modes, Record &record);
 
     CTdscdmaCapability m_capability;
 };

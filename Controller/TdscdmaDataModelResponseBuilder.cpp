@@ -135,6 +135,51 @@ std::string CTdscdmaDataModelResponseBuilder::WriteTpcModel(QJsonObject &model, 
     return WriteAll(model, writes);
 }
 
+template <size_t N>
+QJsonArray CTdscdmaDataModelResponseBuilder::LossColumn(const int16_t (&losses)[N])
+{
+    if (!m_capability.IsAgcExSupported())
+        return DecimalColumn(losses);
+    QJsonArray column;
+    for (const int16_t loss : losses)
+        column.append(Fixed(loss * 0.125, 3));
+    return column;
+}
+
+std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModel(QJsonObject &model,
+                                                                      _FTA_tl1cal_pathlossData_T data)
+{
+    if (!IsJsonValueDefined(GetJsonValueConst(model, "calDataIf.data")))
+        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    const QString failure = "Update RX pathloss data failed";
+    QVector<SWrite> writes;
+    for (int group = 1; group <= 2; ++group) {
+        for (int mode = 0; mode < 4; ++mode) {
+            writes.append({Default(group, QString("loss%1").arg(mode)),
+                           group == 1 ? LossColumn(data.subbandLoss[mode]) : LossColumn(data.tempLoss[mode]), failure});
+        }
+    }
+    writes.append({Default(1, "uarfcn"), DecimalColumn(data.subbandMaxUarfcn), failure});
+    return WriteAll(model, writes);
+}
+
+std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModelV3(QJsonObject &model,
+                                                                        _FTA_tl1cal_pathlossData_8level_T data)
+{
+    if (!IsJsonValueDefined(GetJsonValueConst(model, "calDataIf.data")))
+        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    QVector<SWrite> writes{{Default(1, "uarfcn"), DecimalColumn(data.subbandMaxUarfcn),
+                            "Update RX pathloss frequency failed"}};
+    for (int mode = 0; mode < 8; ++mode) {
+        const QString member = QString("loss%1").arg(mode);
+        writes.append({Default(1, member), LossColumn(data.subbandLoss[mode]),
+                       "Update RX pathloss data by frequency failed"});
+        writes.append({Default(2, member), LossColumn(data.tempLoss[mode]),
+                       "Update RX pathloss data by temperature failed"});
+    }
+    return WriteAll(model, writes);
+}
+
 std::string CTdscdmaDataModelResponseBuilder::UpdateTadcMeasureResult(QJsonObject model, QString result)
 {
     return WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 
@@ -8,6 +9,7 @@
 
 #include "Capability/TdscdmaCapability.h"
 #include "Items/STdscdmaUITpcDataByBand.h"
+#include "Items/TdscdmaPathlossData.h"
 #include "TestCommandRecords.h"
 
 // Writes what the target answered into a page's model, as the texts the
@@ -20,11 +22,21 @@ public:
     std::string GetTpcDataModel(QJsonObject model, STdscdmaUITpcDataByBand data);
     std::string GetTpcDataModelV3(QJsonObject model, STdscdmaUITpcDataByBandV3 data);
 
+    // The path loss of one band as the defaults of the path loss model's
+    // members: losses in dB with three decimals on a target with extended
+    // AGC, else whole numbers. A model without calibration data comes back
+    // as it is.
+    std::string UpdatePathlossDataModel(QJsonObject &model, _FTA_tl1cal_pathlossData_T data);
+    std::string UpdatePathlossDataModelV3(QJsonObject &model, _FTA_tl1cal_pathlossData_8level_T data);
+
     std::string UpdateTadcMeasureResult(QJsonObject model, QString result);
     std::string UpdateRssiResult(QJsonObject model, bool isAgcEx, SRssiResult result);
     std::string UpdateRegisterResult(QJsonObject model, uint16_t value);
 
 private:
+    // A row of losses as the page shows them.
+    template <size_t N>
+    QJsonArray LossColumn(const int16_t (&losses)[N]);
     // What the two TPC models share; `offsets` only for the V3 model.
     std::string WriteTpcModel(QJsonObject &model, const STdscdmaUITpcDataByBand &data,
                               const STdscdmaUITpcDataByBandV3 *offsets);

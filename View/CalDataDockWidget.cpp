@@ -2,9 +2,12 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QSpinBox>
 #include <QEvent>
 #include <QGroupBox>
 #include <QJsonDocument>
+#include <QTableWidget>
 
 #include "FileDialogMan.h"
 #include "JsonPath.h"
@@ -138,7 +141,19 @@ void CCalDataDockWidget::ShowOutcome(const SOutcome &outcome, const SEachItemOpe
         return;
     }
     emit Signal_UpdateStatus(outcome.failure, 0);
-    ShowResultMessage(outcome.failure, result);
+    ShowResultMessage(outcome.boxTitle ? outcome.boxTitle : outcome.failure, result);
+}
+
+void CCalDataDockWidget::ClearTable(QTableWidget *table, int firstRow)
+{
+    for (int row = firstRow; table && row < table->rowCount(); ++row) {
+        for (int column = 0; column < table->columnCount(); ++column) {
+            if (auto *cell = qobject_cast<QDoubleSpinBox *>(table->cellWidget(row, column)))
+                cell->setValue(0.0);
+            else if (auto *cell = qobject_cast<QSpinBox *>(table->cellWidget(row, column)))
+                cell->setValue(0);
+        }
+    }
 }
 
 // ---- Bands -----------------------------------------------------------------------

@@ -11,6 +11,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QTableWidget;
 
 // What the pages of calibration data share: four buttons that move the
 // item's data (Read from the target, Write to it, Import from a Cal/INI
@@ -36,10 +37,13 @@ public:
     void EnableOperation() override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
-    // The texts that end the page's operations.
+    // The texts that end the page's operations: the status line on success
+    // and on failure, and the title of the failure's box (none: the failure's
+    // status line).
     struct SOutcome {
         const char *success;
         const char *failure;
+        const char *boxTitle = nullptr;
     };
     static const SOutcome kUpload;
     static const SOutcome kLoad;
@@ -84,6 +88,9 @@ protected:
     void ShowOutcome(const SOutcome &outcome, const SEachItemOperationResult &result);
     void ShowReadOutcome(const SOutcome &outcome, const SEachItemOperationResult &result,
                          const std::string &resultDataModel);
+
+    // Every spin box of the table's rows from `firstRow` on shows 0.
+    static void ClearTable(QTableWidget *table, int firstRow);
 
     // The user turned the band selector to `band`: `set` stores the values
     // shown under the band they were shown for, `get` gives the new band's.

@@ -69,6 +69,17 @@ GREEN, RED, BLUE, ORANGE, GREY = (46, 160, 67), (207, 34, 46), (31, 111, 199), (
 WHITE = (255, 255, 255)
 
 
+def arc(cx, cy, outer, inner, start, end, steps=24):
+    """A ring from angle `start` to `end` (degrees, counter-clockwise, y up)."""
+    import math
+    points = []
+    for radius, angles in ((outer, range(steps + 1)), (inner, range(steps, -1, -1))):
+        for i in angles:
+            a = math.radians(start + (end - start) * i / steps)
+            points.append((cx + radius * math.cos(a), cy - radius * math.sin(a)))
+    return points
+
+
 def page(x0, x1):
     """A sheet of paper: a grey frame around white."""
     return [(GREY, rect(x0, 4, x1, 28)), (WHITE, rect(x0 + 2, 6, x1 - 2, 26)),
@@ -84,6 +95,8 @@ ICONS = {
     # an arrow up out of a tray: data goes to the target
     "write": [(GREY, rect(5, 24, 27, 28)), (GREY, rect(5, 18, 8, 28)), (GREY, rect(24, 18, 27, 28)),
               (ORANGE, rect(13, 11, 19, 21)), (ORANGE, [(8, 12), (24, 12), (16, 3)])],
+    # a turning arrow: back to the start
+    "Reset": [(BLUE, arc(16, 17, 11, 7, 60, 330)), (BLUE, [(20, 2), (29, 11), (18, 13)])],
     # an arrow into a file: data comes from a file
     "import": page(13, 29) + [(BLUE, rect(2, 13, 14, 19)), (BLUE, [(12, 8), (21, 16), (12, 24)])],
     # an arrow out of a file: data goes to a file

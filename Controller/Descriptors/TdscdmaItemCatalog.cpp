@@ -6,6 +6,7 @@
 #include "ItemInfo.h"
 #include "Items/TdscdmaContRx.h"
 #include "Items/TdscdmaContTx.h"
+#include "PathlossCalItem.h"
 #include "PathlossPageItem.h"
 #include "RssiPageItem.h"
 #include "TadcCalItem.h"
@@ -43,7 +44,7 @@ STdscdmaItemCatalog STdscdmaItemCatalog::Create()
 
     STdscdmaItemCatalog catalog;
     catalog.calItems.push_back(Pending(CAL_ITEM_AFC, [](CMmrfCapability &mmrf) { return !mmrf.IsAfcByL1(); }));
-    catalog.calItems.push_back(Pending(CAL_ITEM_RX_PATH_LOSS));
+    catalog.calItems.push_back(std::make_unique<CPathlossCalItem>());
     catalog.calItems.push_back(std::move(tpc));
     catalog.calItems.push_back(std::move(tadc));
     catalog.calItems.push_back(
