@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QStatusBar>
 #include <QTest>
+#include <QToolButton>
 
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
@@ -64,3 +65,10 @@ QDockWidget *ToolSession::ShowPage(const QString &page)
 }
 
 QString ToolSession::Status() const { return m_window->findChild<QStatusBar *>()->currentMessage(); }
+
+bool ToolSession::Press(QWidget *page, const QString &button, const QString &status)
+{
+    m_window->findChild<QStatusBar *>()->clearMessage();
+    QTest::mouseClick(Find<QToolButton>(page, button), Qt::LeftButton);
+    return QTest::qWaitFor([this, &status] { return Status() == status; }, 10000);
+}

@@ -36,6 +36,9 @@ public:
     // become visible and enabled.
     QDockWidget *ShowPage(const QString &page);
     QString Status() const;
+    // Clicks the page's tool button of that name and waits until the status
+    // line says `status`.
+    bool Press(QWidget *page, const QString &button, const QString &status);
 
     // The named widget of a page, with a warning when there is none.
     template <typename W>

@@ -343,12 +343,9 @@ private:
         return m_tool.Open(profile) ? m_tool.ShowPage(PageOf(profile)) : nullptr;
     }
 
-    // Clicks a button of the page and waits for the status line it should give.
     bool Press(QDockWidget *page, const QString &button, const QString &status)
     {
-        m_tool.Window()->findChild<QStatusBar *>()->clearMessage();
-        QTest::mouseClick(ToolSession::Find<QToolButton>(page, button), Qt::LeftButton);
-        return QTest::qWaitFor([this, &status] { return m_tool.Status() == status; }, 10000);
+        return m_tool.Press(page, button, status);
     }
 
     // A single value's box, or a table's cell.

@@ -1,0 +1,226 @@
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QtTest>
+
+#include <cstring>
+
+#include "ModalBoxCatcher.h"
+#include "TavoPluginInterface.h"
+#include "TavoSimControl.h"
+#include "ToolSession.h"
+
+namespace {
+
+constexpr int kBands = 5;
+const char *const kSubbandTable = "calDataIf_data_group1_memberProperty_uarfcn";
+const char *const kTemperatureTable = "calDataIf_data_group2_memberProperty_loss0";
+
+// Where a profile keeps its path loss: the 8-level or four-mode layer-1
+// stores, or the database's records (whose raw form only the library reads).
+QString Lid(const QString &profile, int band)
+{
+    static const char *const records[kBands] = {
+        "NVRAM_EF_AST_TL1_PATHLOSS_BAND33_35_37_39_LID", "NVRAM_EF_AST_TL1_PATHLOSS_BAND34_LID",
+        "NVRAM_EF_AST_TL1_PATHLOSS_BAND36_LID", "NVRAM_EF_AST_TL1_PATHLOSS_BAND38_LID",
+        "NVRAM_EF_AST_TL1_PATHLOSS_BAND40_LID"};
+    if (profile == "default")
+        return QString("TL1_PATHLOSS8_BAND%1").arg(band);
+    if (profile == "v1-pathloss-v2")
+        return QString("TL1_PATHLOSS_BAND%1").arg(band);
+    return records[band];
+}
+
+QList<QByteArray> Records(const QString &profile)
+{
+    QList<QByteArray> records;
+    for (int band = 0; band < kBands; ++band)
+        records << TavoSim::NvramRecord(Lid(profile, band));
+    return records;
+}
+
+// The sub-band loss of a gain mode and sub-band, as the target holds it.
+int SubbandLoss(const QString &profile, int band, int mode, int subband)
+{
+    const QByteArray raw = TavoSim::NvramRecord(Lid(profile, band));
+    if (profile == "legacy-v1") {
+        TavoPathlossRecord record = {};
+        TAVO_NVRAM_DecomposePathloss(&record, raw.constData(), uint32_t(raw.size()));
+        return record.subbandLoss[mode][subband];
+    }
+    int16_t loss = 0;
+    std::memcpy(&loss, raw.constData() + 30 + (mode * 15 + subband) * 2, sizeof loss);
+    return loss;
+}
+
+int ChangedBytes(const QList<QByteArray> &before, const QList<QByteArray> &after, QString *where)
+{
+    int changed = 0;
+    for (int i = 0; i < before.size(); ++i) {
+        for (int at = 0; at < before[i].size(); ++at) {
+            if (before[i][at] != after.value(i).value(at)) {
+                ++changed;
+                *where += QString(" %1:%2").arg(i).arg(at);
+            }
+        }
+    }
+    return changed;
+}
+
+QDoubleSpinBox *Cell(QDockWidget *page, const char *table, int row, int column)
+{
+    auto *widget = ToolSession::Find<QTableWidget>(page, table);
+    return widget ? qobject_cast<QDoubleSpinBox *>(widget->cellWidget(row, column)) : nullptr;
+}
+
+} // namespace
+
+// The path loss page on targets of each generation as a user drives it:
+// the real plug-in and window, the target's records checked.
+class TestPathlossPage : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        QString error;
+        QVERIFY2(m_tool.Load(&error), qPrintable(error));
+    }
+    void cleanupTestCase() { QVERIFY(m_tool.Unload()); }
+    void init() { m_tool.Plugin()->ResetPlugin(); }
+    void cleanup()
+    {
+        m_tool.Plugin()->HideTool();
+        TavoSim::Reset();
+    }
+
+    void readThenWriteChangesOneLoss_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<int>("lossRows");
+        QTest::addColumn<double>("unit"); // dB per stored step
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("stored");
+        QTest::newRow("8-level commands, 1/8 dB") << "default" << 6 << 0.125 << "3.5" << 28;
+        QTest::newRow("four-mode commands with the ext mode") << "v1-pathloss-v2" << 4 << 0.125 << "-2.375" << -19;
+        QTest::newRow("NVRAM records, whole dB") << "legacy-v1" << 3 << 1.0 << "7" << 7;
+    }
+    void readThenWriteChangesOneLoss()
+    {
+        QFETCH(QString, profile);
+        QFETCH(double, unit);
+        QDockWidget *page = OpenPage(profile);
+        QVERIFY(page);
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QTEST(ToolSession::Find<QTableWidget>(page, kSubbandTable)->rowCount() - 1, "lossRows");
+        QTEST(ToolSession::Find<QTableWidget>(page, kTemperatureTable)->rowCount(), "lossRows");
+
+        // Row 2 is the middle gain mode.
+        QDoubleSpinBox *cell = Cell(page, kSubbandTable, 2, 4);
+        QVERIFY(cell);
+        QCOMPARE(cell->value(), SubbandLoss(profile, 0, 1, 4) * unit);
+
+        const QList<QByteArray> before = Records(profile);
+        cell->selectAll();
+        QFETCH(QString, typed);
+        QTest::keyClicks(cell, typed);
+        QVERIFY(Press(page, "m_btnDownload", "Write data to target successfully."));
+        QTEST(SubbandLoss(profile, 0, 1, 4), "stored");
+        QString where;
+        const int changed = ChangedBytes(before, Records(profile), &where);
+        QVERIFY2(changed >= 1 && changed <= 2 && !where.contains(" 1:"), qPrintable(where));
+    }
+
+    // "Reset" clears the losses of the sub-band tab and keeps its UARFCN row;
+    // a band change stores the zeroes under the old band.
+    void resetAndBandChange()
+    {
+        QDockWidget *page = OpenPage("default");
+        QVERIFY(page);
+        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        const double uarfcn = Cell(page, kSubbandTable, 0, 3)->value();
+        const double temperature = Cell(page, kTemperatureTable, 0, 3)->value();
+        QVERIFY(uarfcn > 0 && Cell(page, kSubbandTable, 1, 3)->value() != 0.0);
+        QTest::mouseClick(ToolSession::Find<QPushButton>(page, "pushButton"), Qt::LeftButton);
+        QCOMPARE(Cell(page, kSubbandTable, 0, 3)->value(), uarfcn);
+        for (int row = 1; row < 7; ++row)
+            QCOMPARE(Cell(page, kSubbandTable, row, 3)->value(), 0.0);
+        QCOMPARE(Cell(page, kTemperatureTable, 0, 3)->value(), temperature);
+
+        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        band->setCurrentIndex(1);
+        QCOMPARE(Cell(page, kSubbandTable, 1, 3)->value(), SubbandLoss("default", 1, 0, 3) * 0.125);
+        band->setCurrentIndex(0);
+        QCOMPARE(Cell(page, kSubbandTable, 1, 3)->value(), 0.0);
+        QCOMPARE(Cell(page, kSubbandTable, 0, 3)->value(), uarfcn);
+    }
+
+    void failuresLeaveThePageWhole_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("informative");
+        QTest::newRow("read fails on one band") << "default" << "m_btnUpload" << "AST_Tavo_NVRAM_Pathloss_8level_Read_r"
+                                                << "Read data from target failed." << "";
+        QTest::newRow("write fails in the middle") << "default" << "m_btnDownload"
+                                                   << "AST_Tavo_NVRAM_Pathloss_8level_Write_r"
+                                                   << "Write data to target failed." << "";
+        QTest::newRow("no item serves the target") << "no-pathloss" << "m_btnUpload" << "" << "Read data from target failed."
+                                                   << "Please check SW version.";
+    }
+    void failuresLeaveThePageWhole()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QString, button);
+        QFETCH(QString, failingCall);
+        QFETCH(QString, status);
+        QDockWidget *page = OpenPage(profile);
+        QVERIFY(page);
+        if (button == "m_btnDownload")
+            QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        const double shown = Cell(page, kSubbandTable, 1, 0)->value();
+        const QList<QByteArray> before = Records(profile);
+        if (!failingCall.isEmpty())
+            TavoSim::InjectFault({failingCall, {"band=2"}, TAVO_ERR_FAILED, 1});
+        TavoSim::ClearCallLog();
+
+        ModalBoxCatcher boxes;
+        m_tool.Busy().clear();
+        QTest::mouseClick(ToolSession::Find<QToolButton>(page, button), Qt::LeftButton);
+        QVERIFY(boxes.WaitFor(1));
+        QCOMPARE(m_tool.Status(), status);
+        QCOMPARE(boxes.Boxes()[0].title, status.chopped(1));
+        QFETCH(QString, informative);
+        QVERIFY2(boxes.Boxes()[0].informativeText.startsWith(informative), qPrintable(boxes.Boxes()[0].informativeText));
+        for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
+            QVERIFY(ToolSession::Find<QToolButton>(page, name)->isEnabled());
+        QCOMPARE(m_tool.Busy().last().at(1).toBool(), false);
+        QCOMPARE(Cell(page, kSubbandTable, 1, 0)->value(), shown);
+        if (profile == "no-pathloss") {
+            QCOMPARE(TavoSim::CallNames().filter("Pathloss", Qt::CaseInsensitive), QStringList());
+            return;
+        }
+        if (button == "m_btnUpload")
+            QCOMPARE(Records(profile), before);
+    }
+
+private:
+    QDockWidget *OpenPage(const QString &profile)
+    {
+        return m_tool.Open(profile) ? m_tool.ShowPage("CTdscdmaPathlossDockWidget") : nullptr;
+    }
+
+    bool Press(QDockWidget *page, const QString &button, const QString &status)
+    {
+        return m_tool.Press(page, button, status);
+    }
+
+    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
+};
+
+QTEST_MAIN(TestPathlossPage)
+#include "tst_PathlossPage.moc"
