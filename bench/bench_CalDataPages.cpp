@@ -1,18 +1,22 @@
-// What a user of the TPC V3 page waits for: Read and Write of all five band
-// groups from the button to the updated page, against the bare movement of
-// the item they make; and a band change, which stores the shown band in the
-// item and fetches the next one. Run: build/bin/bench_TpcPage
+// What a user of the calibration data pages waits for. On the TPC V3 page:
+// Read and Write of all five band groups from the button to the updated
+// page, against the bare movement of the item they make, and a band change,
+// which stores the shown band in the item and fetches the next one. On the
+// path loss page (8-level generation): Read from the button, against the
+// item's upload and one bare record read. Run: build/bin/bench_CalDataPages
 #include <QComboBox>
 #include <QDockWidget>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QtTest>
 
+#include "Descriptors/PathlossCalItem.h"
 #include "Descriptors/TpcCalItem.h"
+#include "TavoApp.h"
 #include "TavoSimControl.h"
 #include "ToolSession.h"
 
-class BenchTpcPage : public QObject {
+class BenchCalDataPages : public QObject {
     Q_OBJECT
 private slots:
     void initTestCase();
@@ -24,15 +28,20 @@ private slots:
     void writeFromButtonToStatus();
     void bandChange();
 
+    void pathlossBareRecordRead();
+    void pathlossItemUpload();
+    void pathlossReadFromButtonToWidgets();
+
 private:
     bool Press(const char *button, const QString &status);
 
     ToolSession m_tool{RADBENCH_PLUGIN_PATH};
     QDockWidget *m_page = nullptr;
     CTpcCalItem m_item;
+    CPathlossCalItem m_pathloss;
 };
 
-void BenchTpcPage::initTestCase()
+void BenchCalDataPages::initTestCase()
 {
     // The trace would be most of what is measured; the offscreen platform's
     // notes go to the default category's warnings.
@@ -44,11 +53,11 @@ void BenchTpcPage::initTestCase()
     QVERIFY(m_page);
 }
 
-void BenchTpcPage::cleanupTestCase() { QVERIFY(m_tool.Unload()); }
+void BenchCalDataPages::cleanupTestCase() { QVERIFY(m_tool.Unload()); }
 
 // Clicks and returns when the status line says `status`: woken by the line
 // itself, since a polling wait would measure its own period.
-bool BenchTpcPage::Press(const char *button, const QString &status)
+bool BenchCalDataPages::Press(const char *button, const QString &status)
 {
     auto *line = m_tool.Window()->findChild<QStatusBar *>();
     line->clearMessage();
@@ -62,7 +71,7 @@ bool BenchTpcPage::Press(const char *button, const QString &status)
     return loop.exec() == 0;
 }
 
-void BenchTpcPage::bareItemUpload()
+void BenchCalDataPages::bareItemUpload()
 {
     TavoSim::ClearCallLog();
     QCOMPARE(int(m_item.Tpc().UploadFromFlash()), 0);
@@ -73,28 +82,28 @@ void BenchTpcPage::bareItemUpload()
     }
 }
 
-void BenchTpcPage::readFromButtonToWidgets()
+void BenchCalDataPages::readFromButtonToWidgets()
 {
     QBENCHMARK {
         QVERIFY(Press("m_btnUpload", "Read data from target successfully."));
     }
 }
 
-void BenchTpcPage::bareItemDownload()
+void BenchCalDataPages::bareItemDownload()
 {
     QBENCHMARK {
         QCOMPARE(int(m_item.Tpc().DownloadToFlash()), 0);
     }
 }
 
-void BenchTpcPage::writeFromButtonToStatus()
+void BenchCalDataPages::writeFromButtonToStatus()
 {
     QBENCHMARK {
         QVERIFY(Press("m_btnDownload", "Download to flash successfully."));
     }
 }
 
-void BenchTpcPage::bandChange()
+void BenchCalDataPages::bandChange()
 {
     auto *band = m_page->findChild<QComboBox *>("calDataIf_config_group1_memberProperty_band");
     int next = 0;
@@ -104,5 +113,30 @@ void BenchTpcPage::bandChange()
     }
 }
 
-QTEST_MAIN(BenchTpcPage)
-#include "bench_TpcPage.moc"
+void BenchCalDataPages::pathlossBareRecordRead()
+{
+    uint8_t request[AST_TAVO_NVRAM_PATHLOSS_HEAD_SIZE] = {0, 0, AST_TAVO_NVRAM_PATHLOSS_8LEVEL_VERSION};
+    uint8_t confirm[AST_TAVO_NVRAM_PATHLOSS_HEAD_SIZE + AST_TAVO_NVRAM_PATHLOSS_8LEVEL_RECORD_SIZE] = {};
+    QBENCHMARK {
+        QCOMPARE(int(AST_Tavo_NVRAM_Pathloss_8level_Read_r(0, 10000, request, confirm)), 0);
+    }
+}
+
+void BenchCalDataPages::pathlossItemUpload()
+{
+    QBENCHMARK {
+        QCOMPARE(int(m_pathloss.PathLoss().UploadFromFlash()), 0);
+    }
+}
+
+void BenchCalDataPages::pathlossReadFromButtonToWidgets()
+{
+    m_page = m_tool.ShowPage("CTdscdmaPathlossDockWidget");
+    QVERIFY(m_page);
+    QBENCHMARK {
+        QVERIFY(Press("m_btnUpload", "Read data from target successfully."));
+    }
+}
+
+QTEST_MAIN(BenchCalDataPages)
+#include "bench_CalDataPages.moc"
