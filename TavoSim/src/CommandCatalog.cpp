@@ -19,6 +19,15 @@ bool nvramVersion2(const TargetProfile &p)
     return p.rfCapabilityValue(TargetProfile::kNvramVersionOffset) == 2u;
 }
 
+/* A valid NVRAM structure version makes layer 1 serve the RX path loss, in
+ * the generation that capabilityFlags bit 9 (path loss V3) tells. */
+bool pathlossCommands(const TargetProfile &p, bool v3)
+{
+    constexpr quint32 kPathlossV3 = 1u << 9;
+    return p.hasTdscdma && p.rfCapabilityValue(TargetProfile::kNvramVersionOffset).has_value() &&
+           ((p.capabilityFlags & kPathlossV3) != 0) == v3;
+}
+
 const Entry kCatalog[] = {
     /* Support queries */
     {"TAVO_Util_QueryTargetOptionInfo", [](const TargetProfile &p) { return p.hasOptionInfo; }},
@@ -64,6 +73,12 @@ const Entry kCatalog[] = {
     /* TX data commands: the TPC data of targets of NVRAM version 2. */
     {"AST_Tavo_NVRAM_TX_Read_r", [](const TargetProfile &p) { return p.hasTdscdma && nvramVersion2(p); }},
     {"AST_Tavo_NVRAM_TX_Write_r", [](const TargetProfile &p) { return p.hasTdscdma && nvramVersion2(p); }},
+
+    /* RX path loss commands: four gain modes, or eight with path loss V3. */
+    {"AST_Tavo_NVRAM_Pathloss_Read_r", [](const TargetProfile &p) { return pathlossCommands(p, false); }},
+    {"AST_Tavo_NVRAM_Pathloss_Write_r", [](const TargetProfile &p) { return pathlossCommands(p, false); }},
+    {"AST_Tavo_NVRAM_Pathloss_8level_Read_r", [](const TargetProfile &p) { return pathlossCommands(p, true); }},
+    {"AST_Tavo_NVRAM_Pathloss_8level_Write_r", [](const TargetProfile &p) { return pathlossCommands(p, true); }},
 
     /* Integrity record ("nvram.integrity") */
     {"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},

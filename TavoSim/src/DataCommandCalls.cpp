@@ -1,7 +1,9 @@
-/* Data commands: layer 1's TPC data of each band group, read and written
- * whole by the TX data commands (TavoApp.h). Layer 1 keeps them in stores of
- * the NVRAM ("TL1_TPC_TXDAC_BAND<n>", "TL1_TPC_TXCLPC_BAND<n>", see
- * NvramLayout), so they outlive resets and the process like any record. */
+/* Data commands: layer 1's TPC data and RX path loss of each band group,
+ * read and written whole by the TX data commands and the path loss commands
+ * (TavoApp.h). Layer 1 keeps them in stores of the NVRAM
+ * ("TL1_TPC_TXDAC_BAND<n>", "TL1_TPC_TXCLPC_BAND<n>", "TL1_PATHLOSS_BAND<n>",
+ * "TL1_PATHLOSS8_BAND<n>", see NvramLayout), so they outlive resets and the
+ * process like any record. */
 
 #include <QtEndian>
 
@@ -106,6 +108,59 @@ TAVO_RESULT txCommand(const char *call, bool write, int handle, uint32_t timeout
         });
 }
 
+/* ---- RX path loss commands ---- */
+
+/* One generation of the path loss commands. */
+struct PathlossGeneration
+{
+    quint16 version;
+    const char *store; /* the store's name without the band group index */
+    uint32_t size;     /* of the record behind the head */
+};
+
+const PathlossGeneration kFourModes = {AST_TAVO_NVRAM_PATHLOSS_VERSION, "TL1_PATHLOSS_BAND",
+                                       AST_TAVO_NVRAM_PATHLOSS_RECORD_SIZE};
+const PathlossGeneration kEightLevels = {AST_TAVO_NVRAM_PATHLOSS_8LEVEL_VERSION, "TL1_PATHLOSS8_BAND",
+                                         AST_TAVO_NVRAM_PATHLOSS_8LEVEL_RECORD_SIZE};
+
+constexpr uint32_t kPathlossHead = AST_TAVO_NVRAM_PATHLOSS_HEAD_SIZE;
+
+/* Band group, version, then four bytes of 0. */
+void putPathlossHead(void *confirm, quint16 band, quint16 version)
+{
+    auto *bytes = static_cast<uchar *>(confirm);
+    qToLittleEndian<quint16>(band, bytes);
+    qToLittleEndian<quint16>(version, bytes + 2);
+    qToLittleEndian<quint32>(0, bytes + 4);
+}
+
+/* The target turns a request down, in this order: a generation it does not
+ * offer (TargetCall, from CommandCatalog), a head of the other generation or
+ * beyond the band groups, a band group none of its bands lies in. */
+TAVO_RESULT pathlossCommand(const char *call, const PathlossGeneration &generation, bool write, int handle,
+                            uint32_t timeoutMs, const void *request, void *confirm)
+{
+    const Head head = request ? headOf(request) : Head();
+    const QStringList inputs = request ? QStringList{Input("band", head.band), Input("version", head.version)}
+                                       : QStringList{QStringLiteral("request=null")};
+    return TargetCall(call, handle, timeoutMs, inputs)
+        .run(request && confirm, [&](const TargetProfile &profile, TargetState &state) {
+            if (head.version != generation.version || head.band >= kBandGroups)
+                return TAVO_RESULT(TAVO_ERR_INVALID_ARGUMENT);
+            if (!profile.supportsBandGroup(head.band))
+                return TAVO_RESULT(TAVO_ERR_FAILED);
+            const QString store = QLatin1String(generation.store) + QString::number(head.band);
+            const TAVO_RESULT result =
+                write ? NvramStore::write(state, store, 1, static_cast<const uchar *>(request) + kPathlossHead,
+                                          generation.size)
+                      : NvramStore::read(state, store, 1, static_cast<uchar *>(confirm) + kPathlossHead,
+                                         generation.size);
+            if (result == TAVO_OK)
+                putPathlossHead(confirm, head.band, head.version);
+            return result;
+        });
+}
+
 } // namespace
 
 extern "C" {
@@ -118,6 +173,29 @@ TAVO_RESULT AST_Tavo_NVRAM_TX_Read_r(int handle, uint32_t timeoutMs, const void 
 TAVO_RESULT AST_Tavo_NVRAM_TX_Write_r(int handle, uint32_t timeoutMs, const void *request, void *confirm)
 {
     return txCommand("AST_Tavo_NVRAM_TX_Write_r", true, handle, timeoutMs, request, confirm);
+}
+
+TAVO_RESULT AST_Tavo_NVRAM_Pathloss_Read_r(int handle, uint32_t timeoutMs, const void *request, void *confirm)
+{
+    return pathlossCommand("AST_Tavo_NVRAM_Pathloss_Read_r", kFourModes, false, handle, timeoutMs, request, confirm);
+}
+
+TAVO_RESULT AST_Tavo_NVRAM_Pathloss_Write_r(int handle, uint32_t timeoutMs, const void *request, void *confirm)
+{
+    return pathlossCommand("AST_Tavo_NVRAM_Pathloss_Write_r", kFourModes, true, handle, timeoutMs, request, confirm);
+}
+
+TAVO_RESULT AST_Tavo_NVRAM_Pathloss_8level_Read_r(int handle, uint32_t timeoutMs, const void *request, void *confirm)
+{
+    return pathlossCommand("AST_Tavo_NVRAM_Pathloss_8level_Read_r", kEightLevels, false, handle, timeoutMs, request,
+                           confirm);
+}
+
+TAVO_RESULT AST_Tavo_NVRAM_Pathloss_8level_Write_r(int handle, uint32_t timeoutMs, const void *request,
+                                                    void *confirm)
+{
+    return pathlossCommand("AST_Tavo_NVRAM_Pathloss_8level_Write_r", kEightLevels, true, handle, timeoutMs, request,
+                           confirm);
 }
 
 } // extern "C"

@@ -92,6 +92,24 @@ const std::vector<Kind> &table()
           "TL1_TPC_TXCLPC_BAND4"},
          {F("pdPoint", Type::S16, 3), F("pdSubbandComp", Type::S16, 15)},
          1, 0, "TxClpc"},
+
+        /* Layer 1's RX path loss behind the path loss commands, in their
+         * record layout: sub-band losses [gain mode][15], then temperature
+         * losses [gain mode][8]. The first three gain modes are those of the
+         * NVRAM record (subbandLoss, tempLoss); the rows beyond them, the
+         * extended modes, only layer 1 keeps (subbandLossExt, tempLossExt). */
+        {"PathlossStore",
+         {"TL1_PATHLOSS_BAND0", "TL1_PATHLOSS_BAND1", "TL1_PATHLOSS_BAND2", "TL1_PATHLOSS_BAND3",
+          "TL1_PATHLOSS_BAND4"},
+         {F("subbandMaxUarfcn", Type::U16, 15), F("subbandLoss", Type::S16, 45), F("subbandLossExt", Type::S16, 15),
+          F("tempLoss", Type::S16, 24), F("tempLossExt", Type::S16, 8)},
+         1, 0, "Pathloss"},
+        {"Pathloss8Store",
+         {"TL1_PATHLOSS8_BAND0", "TL1_PATHLOSS8_BAND1", "TL1_PATHLOSS8_BAND2", "TL1_PATHLOSS8_BAND3",
+          "TL1_PATHLOSS8_BAND4"},
+         {F("subbandMaxUarfcn", Type::U16, 15), F("subbandLoss", Type::S16, 45), F("subbandLossExt", Type::S16, 75),
+          F("tempLoss", Type::S16, 24), F("tempLossExt", Type::S16, 40)},
+         1, 0, "Pathloss"},
     };
     return kinds;
 }

@@ -1,7 +1,8 @@
 /* The simulated target's NVRAM: the database and the records the target
  * holds (which may disagree), record kinds, transport, the integrity record,
  * the NVRAM file, what tests/Controller/tst_TpcItem cannot see of layer 1's
- * TPC data (bad requests, seeds), and the fault selectors. */
+ * TPC data (bad requests, seeds), layer 1's RX path loss, and the fault
+ * selectors. */
 
 #include <QJsonDocument>
 #include <QTemporaryDir>
@@ -114,11 +115,48 @@ bool small(const int16_t *values, int count)
     return std::all_of(values, values + count, [](int16_t v) { return std::abs(v) <= 32; });
 }
 
+/* ---- RX path loss commands ---- */
+
+constexpr int kPathlossHead = AST_TAVO_NVRAM_PATHLOSS_HEAD_SIZE;
+const QByteArray kUntouchedPathloss(kPathlossHead + AST_TAVO_NVRAM_PATHLOSS_8LEVEL_RECORD_SIZE, '\x5a');
+
+/* The store of the generation of `levels` gain modes (4 or 8). */
+QString pathlossStore(int levels, int band)
+{
+    return QStringLiteral("TL1_PATHLOSS%1_BAND%2").arg(levels == 8 ? "8" : "").arg(band);
+}
+
+QByteArray pathlossRequest(int band, int version, const QByteArray &body = {})
+{
+    const quint16 head[4] = {quint16(band), quint16(version), 0, 0};
+    return QByteArray(reinterpret_cast<const char *>(head), kPathlossHead) + body;
+}
+
+TAVO_RESULT pathlossCall(int levels, bool write, const char *request, char *confirm)
+{
+    if (levels == 8)
+        return write ? AST_Tavo_NVRAM_Pathloss_8level_Write_r(0, 10000, request, confirm)
+                     : AST_Tavo_NVRAM_Pathloss_8level_Read_r(0, 10000, request, confirm);
+    return write ? AST_Tavo_NVRAM_Pathloss_Write_r(0, 10000, request, confirm)
+                 : AST_Tavo_NVRAM_Pathloss_Read_r(0, 10000, request, confirm);
+}
+
+QMap<QString, QByteArray> allPathlossStores()
+{
+    QMap<QString, QByteArray> stores;
+    for (int band = 0; band < 5; ++band) {
+        for (const int levels : {4, 8})
+            stores[pathlossStore(levels, band)] = TavoSim::NvramRecord(pathlossStore(levels, band));
+    }
+    return stores;
+}
+
 /* The calls the fault selector rows make, and their results. The text call
  * and the call on handle 1 never reach the target. */
 QList<int> selectorFlow()
 {
-    QByteArray tadc(18, '\1'), imei(20, '\2');
+    QByteArray tadc(18, '\1'), imei(20, '\2'), confirm = kUntouchedPathloss;
+    const QByteArray pathloss1 = pathlossRequest(1, 2), pathloss2 = pathlossRequest(2, 2);
     return {TAVO_QueryAPISupported_r(0, 10000, "TAVO_MISC_CalDataIntegrity_StartRec_Ex_r"),
             TAVO_QueryAPISupported_r(0, 10000, "TAVO_NVRAM_Write_r"),
             transfer("write", kTadc, 1, tadc),
@@ -132,7 +170,10 @@ QList<int> selectorFlow()
             AST_CAL_tl1_reset_r(0, 10000),
             txCall(false, txRequest(2, AST_TAVO_NVRAM_TX_DAC_READ)).first,
             txCall(false, txRequest(2, AST_TAVO_NVRAM_TX_CLPC_READ)).first,
-            txCall(false, txRequest(3, AST_TAVO_NVRAM_TX_CLPC_READ)).first};
+            txCall(false, txRequest(3, AST_TAVO_NVRAM_TX_CLPC_READ)).first,
+            pathlossCall(8, false, pathloss2.constData(), confirm.data()),
+            pathlossCall(8, false, pathloss1.constData(), confirm.data()),
+            pathlossCall(8, false, pathloss2.constData(), confirm.data())};
 }
 
 } // namespace
@@ -160,6 +201,8 @@ private slots:
         QTest::newRow("every call, the ninth") << "* 1 8" << QList<int>{11};
         QTest::newRow("every call with an input") << "* -1 2 record=2" << QList<int>{7};
         QTest::newRow("TX data of a band") << "AST_Tavo_NVRAM_TX_Read_r -1 0 band=2" << QList<int>{12, 13};
+        QTest::newRow("path loss of a band, once") << "AST_Tavo_NVRAM_Pathloss_8level_Read_r 1 0 band=2"
+                                                   << QList<int>{15};
     }
     /* A fault armed through the control API, or by a profile (on a patch and
      * on every Reset), fails exactly the calls it selects; only those count
@@ -202,8 +245,9 @@ private slots:
         QList<int> indices;
         for (const TavoSim::CallRecord &record : TavoSim::CallLog())
             indices << record.targetIndex;
-        QCOMPARE(indices, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 9, 10, 11, 12}));
-        QCOMPARE(TavoSim::CallLog().last().args, (QStringList{"band=3", "version=2", "lidCode=43974"}));
+        QCOMPARE(indices, (QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 0, 0, 9, 10, 11, 12, 13, 14, 15}));
+        QCOMPARE(TavoSim::CallLog().at(13).args, (QStringList{"band=3", "version=2", "lidCode=43974"}));
+        QCOMPARE(TavoSim::CallLog().last().args, (QStringList{"band=2", "version=2"}));
     }
 
     void databaseAndTarget_data()
@@ -558,6 +602,129 @@ private slots:
             QCOMPARE(headOf(confirm), (QList<int>{band, resultCode, 0}));
         QCOMPARE(confirm.mid(head), kUntouchedConfirm.mid(head));
         QCOMPARE(allTpcStores(), stores);
+    }
+
+    void pathlossCommands_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<int>("levels");
+        QTest::addColumn<int>("band");
+        QTest::newRow("4 modes, group 0") << "v1-pathloss-v2" << 4 << 0;
+        QTest::newRow("4 modes, group 3") << "v1-pathloss-v2" << 4 << 3;
+        QTest::newRow("8 levels, group 1") << "default" << 8 << 1;
+        QTest::newRow("8 levels, group 4") << "default" << 8 << 4;
+    }
+    /* A read hands out the group's store behind the head; a write replaces
+     * that store and no other; the NVRAM file keeps it over a reload of the
+     * profile, and without the file the seeds come back. */
+    void pathlossCommands()
+    {
+        QFETCH(QString, profile);
+        QFETCH(int, levels);
+        QFETCH(int, band);
+        QTemporaryDir dir;
+        QVERIFY(TavoSim::LoadProfile(profile));
+        const QString store = pathlossStore(levels, band);
+        const QByteArray seeded = TavoSim::NvramRecord(store), head = pathlossRequest(band, levels == 8 ? 2 : 1);
+        QCOMPARE(uint(seeded.size()), levels == 8 ? AST_TAVO_NVRAM_PATHLOSS_8LEVEL_RECORD_SIZE
+                                                  : AST_TAVO_NVRAM_PATHLOSS_RECORD_SIZE);
+        QByteArray confirm = kUntouchedPathloss;
+        QCOMPARE(pathlossCall(levels, false, head.constData(), confirm.data()), TAVO_OK);
+        QCOMPARE(confirm, head + seeded + kUntouchedPathloss.mid(kPathlossHead + seeded.size()));
+
+        QVERIFY(TavoSim::SetNvramFile(dir.filePath("nvram.json")));
+        QByteArray written = seeded;
+        std::reverse(written.begin(), written.end());
+        QMap<QString, QByteArray> stores = allPathlossStores();
+        stores[store] = written;
+        confirm = kUntouchedPathloss;
+        QCOMPARE(pathlossCall(levels, true, (head + written).constData(), confirm.data()), TAVO_OK);
+        QCOMPARE(confirm, head + kUntouchedPathloss.mid(kPathlossHead));
+        QCOMPARE(allPathlossStores(), stores);
+
+        QVERIFY(TavoSim::LoadProfile(profile));
+        QCOMPARE(TavoSim::NvramRecord(store), written);
+        QVERIFY(TavoSim::SetNvramFile(QString()));
+        QVERIFY(TavoSim::LoadProfile(profile));
+        QCOMPARE(TavoSim::NvramRecord(store), seeded);
+    }
+
+    void pathlossRefusals_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<int>("levels");
+        QTest::addColumn<bool>("write");
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("version");
+        QTest::addColumn<QString>("null"); /* the pointer passed as null, if any */
+        QTest::addColumn<int>("result");
+        const int unsupported = TAVO_ERR_NOT_SUPPORTED, invalid = TAVO_ERR_INVALID_ARGUMENT;
+        QTest::newRow("8 levels, 4-mode target") << "v1-pathloss-v2" << 8 << false << 0 << 2 << "" << unsupported;
+        QTest::newRow("4 modes, 8-level target") << "default" << 4 << true << 0 << 1 << "" << unsupported;
+        QTest::newRow("4 modes, no structure version") << "no-pathloss" << 4 << false << 0 << 1 << "" << unsupported;
+        QTest::newRow("8 levels, no structure version") << "no-pathloss" << 8 << true << 0 << 2 << "" << unsupported;
+        QTest::newRow("8 levels, version 1") << "default" << 8 << false << 0 << 1 << "" << invalid;
+        QTest::newRow("4 modes, version 2") << "v1-pathloss-v2" << 4 << true << 3 << 2 << "" << invalid;
+        QTest::newRow("band 5") << "default" << 8 << true << 5 << 2 << "" << invalid;
+        QTest::newRow("group without a band of the target")
+            << "v1-pathloss-v2" << 4 << true << 1 << 1 << "" << int(TAVO_ERR_FAILED);
+        QTest::newRow("null request") << "default" << 8 << false << 0 << 2 << "request" << invalid;
+        QTest::newRow("null confirm") << "default" << 8 << true << 0 << 2 << "confirm" << invalid;
+    }
+    /* A refused call writes nothing into the confirm and changes no store. */
+    void pathlossRefusals()
+    {
+        QFETCH(QString, profile);
+        QFETCH(int, levels);
+        QFETCH(bool, write);
+        QFETCH(int, band);
+        QFETCH(int, version);
+        QFETCH(QString, null);
+        QVERIFY(TavoSim::LoadProfile(profile));
+        const QMap<QString, QByteArray> stores = allPathlossStores();
+        const QByteArray request = pathlossRequest(band, version, QByteArray(kUntouchedPathloss.size(), '\7'));
+        QByteArray confirm = kUntouchedPathloss;
+        QTEST(int(pathlossCall(levels, write, null == "request" ? nullptr : request.constData(),
+                               null == "confirm" ? nullptr : confirm.data())),
+              "result");
+        QCOMPARE(confirm, kUntouchedPathloss);
+        QCOMPARE(allPathlossStores(), stores);
+    }
+
+    void seededPathloss_data()
+    {
+        QTest::addColumn<int>("band");
+        QTest::addColumn<int>("high"); /* the last sub-band's UARFCN */
+        for (const int band : {0, 1, 2, 3, 4})
+            QTest::addRow("group %d", band) << band << QList<int>{9650, 10125, 9950, 13100, 12000}[band];
+    }
+    /* The NVRAM record holds the group's own path loss of three gain modes;
+     * layer 1's stores start from it, with the further modes their own: every
+     * row a curve of its own within what the page shows (-32 to 31). */
+    void seededPathloss()
+    {
+        QFETCH(int, band);
+        QFETCH(int, high);
+        QVERIFY(useTarget());
+        const QByteArray raw = TavoSim::NvramRecord(QString(kTxDacLids[band]).replace("TXDAC", "PATHLOSS"));
+        TavoPathlossRecord record{};
+        QCOMPARE(TAVO_NVRAM_DecomposePathloss(&record, raw.constData(), uint32_t(raw.size())), TAVO_OK);
+        QVERIFY(risesStrictly(record.subbandMaxUarfcn, 15));
+        QCOMPARE(int(record.subbandMaxUarfcn[14]), high);
+        const QByteArray decoded(reinterpret_cast<const char *>(&record), sizeof record);
+        for (const int levels : {4, 8}) {
+            const QByteArray store = TavoSim::NvramRecord(pathlossStore(levels, band));
+            const int temps = 30 + levels * 30; /* where the temperature losses begin */
+            QCOMPARE(store.left(120) + store.mid(temps, 48), decoded);
+            QSet<QByteArray> rows;
+            for (int row = 0; row < levels; ++row)
+                rows << store.mid(30 + row * 30, 30) << store.mid(temps + row * 16, 16);
+            QCOMPARE(rows.size(), 2 * levels);
+            for (int at = 30; at < store.size(); at += 2) {
+                const qint16 loss = qint16(u16At(store, at));
+                QVERIFY(loss >= -32 && loss <= 31);
+            }
+        }
     }
 };
 
