@@ -2,10 +2,13 @@
 
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 
 #include "CalTextConverters.h"
 #include "ErrorCodeInfo.h"
+#include "Nvram/CalDataIntegrity.h"
+#include "PathlossCommand.h"
 #include "TIniFile.h"
 
 namespace {
@@ -112,12 +115,6 @@ TAVO_RESULT CTdscdmaPathLoss::ComposeNvramData()
     return TAVO_OK;
 }
 
-void CTdscdmaPathLoss::SetAllValid(bool valid)
-{
-    m_isDataValid = valid;
-    m_isBandValid.fill(valid);
-}
-
 uint32_t CTdscdmaPathLoss::UploadFromFlash()
 {
     m_errorMessage.clear();
@@ -144,6 +141,38 @@ uint32_t CTdscdmaPathLoss::DownloadToFlash()
     });
 }
 
+// ---- Layer 1's commands ------------------------------------------------------------
+
+uint32_t CTdscdmaPathLoss::UploadByCommand(const CPathlossCommand &command, bool validOnlyWhenComplete)
+{
+    m_errorMessage.clear();
+    SetAllValid(false);
+    for (int band = 0; band < kBandCount; ++band) {
+        if (!IsBandSupported(band))
+            continue;
+        if (command.Read(Handle(), band, CommandRecord(band)) != TAVO_OK)
+            return ERROR_CODE_TAVO_COMMAND_FAILED;
+        m_isDataValid = m_isDataValid || !validOnlyWhenComplete;
+        m_isBandValid[size_t(band)] = true;
+    }
+    m_isDataValid = true;
+    return ERROR_CODE_SUCCESS;
+}
+
+uint32_t CTdscdmaPathLoss::DownloadByCommand(const CPathlossCommand &command)
+{
+    m_errorMessage.clear();
+    if (!m_isDataValid)
+        return FailDataNotValid();
+    const auto integrity = std::make_unique<CCalDataIntegrity>();
+    for (int band = 0; band < kBandCount; ++band) {
+        if (IsBandSupported(band) && m_isBandValid[size_t(band)] &&
+            command.Write(Handle(), band, CommandRecord(band)) != TAVO_OK)
+            return ERROR_CODE_TAVO_COMMAND_FAILED;
+    }
+    return ERROR_CODE_SUCCESS;
+}
+
 // ---- Band data ------------------------------------------------------------------
 
 _FTA_tl1cal_pathlossData_T CTdscdmaPathLoss::GetBandData(int band) const
@@ -158,59 +187,6 @@ void CTdscdmaPathLoss::SetBandData(int band, const _FTA_tl1cal_pathlossData_T &d
 }
 
 // ---- Cal/INI file ---------------------------------------------------------------
-
-bool CTdscdmaPathLoss::IsAnyPathlossSectionExist(TIniFile *file)
-{
-    if (!file)
-        return false;
-    for (int band = 0; band < kBandCount; ++band) {
-        if (IsBandSupported(band) && file->IsSectionExist(Section(band)))
-            return true;
-    }
-    return false;
-}
-
-uint32_t CTdscdmaPathLoss::ReadFromFile(TIniFile *file)
-{
-    m_errorMessage.clear();
-    SetAllValid(false);
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    std::vector<std::string> sections;
-    for (int band = 0; band < kBandCount; ++band) {
-        if (IsBandSupported(band))
-            sections.push_back(Section(band));
-    }
-    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, sections, m_errorMessage);
-    if (checked != ERROR_CODE_SUCCESS)
-        return checked;
-
-    m_isDataValid = true;
-    for (int band = 0; band < kBandCount; ++band) {
-        if (!IsBandSupported(band) || !file->IsSectionExist(Section(band)))
-            continue;
-        const uint32_t code = ReadFromFileSingleBand(file, band);
-        if (code != ERROR_CODE_SUCCESS)
-            return code;
-        m_isBandValid[size_t(band)] = true;
-    }
-    return ERROR_CODE_SUCCESS;
-}
-
-uint32_t CTdscdmaPathLoss::WriteToFile(TIniFile *file)
-{
-    m_errorMessage.clear();
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    for (int band = 0; band < kBandCount; ++band) {
-        if (!IsBandSupported(band))
-            continue;
-        const uint32_t code = WriteToFileSingleBand(file, band);
-        if (code != ERROR_CODE_SUCCESS)
-            return code;
-    }
-    return ERROR_CODE_SUCCESS;
-}
 
 uint32_t CTdscdmaPathLoss::ReadFromFileSingleBand(TIniFile *file, int band)
 {

@@ -4,9 +4,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "Capability/TdscdmaCapability.h"
-#include "CalItemByNvramOperation.h"
+#include "BandCalItem.h"
 #include "TdscdmaPathlossData.h"
+
+class CPathlossCommand;
 
 // The TD-SCDMA RX path loss calibration item of targets whose records carry
 // no structure version: one NVRAM record per band group through the NVRAM
@@ -18,12 +19,10 @@
 // a target with extended AGC, written times 0.125 with three decimals and
 // read back times 8 with the fraction dropped towards zero; else plain
 // integers.
-class CTdscdmaPathLoss : public ICalItemByNvramOperation {
+class CTdscdmaPathLoss : public CBandCalItem {
     Q_OBJECT
 public:
-    static constexpr int kBandCount = 5;
-
-    using ICalItemByNvramOperation::ICalItemByNvramOperation;
+    using CBandCalItem::CBandCalItem;
 
     TAVO_RESULT DecomposeNvramData() override;
     TAVO_RESULT ComposeNvramData() override;
@@ -31,28 +30,32 @@ public:
 
     uint32_t UploadFromFlash() override;
     uint32_t DownloadToFlash() override;
-    uint32_t ReadFromFile(TIniFile *file) override;
-    uint32_t WriteToFile(TIniFile *file) override;
-
-    // One band group's section; both give a code of the error table.
-    virtual uint32_t ReadFromFileSingleBand(TIniFile *file, int band);
-    virtual uint32_t WriteToFileSingleBand(TIniFile *file, int band);
+    uint32_t ReadFromFileSingleBand(TIniFile *file, int band) override;
+    uint32_t WriteToFileSingleBand(TIniFile *file, int band) override;
 
     // Whether the file holds the section of a band group the target supports.
-    bool IsAnyPathlossSectionExist(TIniFile *file);
+    bool IsAnyPathlossSectionExist(TIniFile *file) { return IsAnyBandSectionExist(file); }
 
     // The data of one band group (0 to 4), valid or not; the valid flags stay.
     _FTA_tl1cal_pathlossData_T GetBandData(int band) const;
     void SetBandData(int band, const _FTA_tl1cal_pathlossData_T &data);
-
-    bool IsDataValid() const { return m_isDataValid; }
-    bool IsBandValid(int band) const { return IsBand(band) && m_isBandValid[size_t(band)]; }
 
     // The NVRAM record and the file section of a band group; null outside 0 to 4.
     static const char *Lid(int band);
     static const char *Section(int band);
 
 protected:
+    const char *BandSection(int band) const override { return Section(band); }
+
+    // The movements over layer 1's commands: each supported band group's
+    // record (CommandRecord) read or written whole, the writes inside the
+    // target's integrity record. An upload makes the data valid after each
+    // group, or only once all are read (`validOnlyWhenComplete`).
+    uint32_t UploadByCommand(const CPathlossCommand &command, bool validOnlyWhenComplete);
+    uint32_t DownloadByCommand(const CPathlossCommand &command);
+    // The record of a band group that the commands carry.
+    virtual void *CommandRecord(int band) { return &m_bandData[size_t(band)]; }
+
     // The rows of one band group's record that a section holds.
     struct SRows {
         uint16_t *subbandMaxUarfcn;
@@ -65,14 +68,7 @@ protected:
     // The gain modes in a section of the four-mode record.
     int FileModes() { return m_capability.IsRxExtendModeSupported() ? 4 : 3; }
 
-    static bool IsBand(int band) { return band >= 0 && band < kBandCount; }
-    bool IsBandSupported(int band) { return m_capability.IsBandGroupSupported(band); }
-    void SetAllValid(bool valid);
-
     std::array<_FTA_tl1cal_pathlossData_T, kBandCount> m_bandData{};
-    bool m_isDataValid = false;
-    std::array<bool, kBandCount> m_isBandValid{};
-    CTdscdmaCapability m_capability;
 
 private:
     std::array<std::vector<uint8_t>, kBandCount> m_raw;

@@ -1,9 +1,6 @@
 #include "TdscdmaPathLossV3.h"
 
-#include <memory>
-
 #include "ErrorCodeInfo.h"
-#include "Nvram/CalDataIntegrity.h"
 #include "PathlossCommand.h"
 #include "TavoApp.h"
 
@@ -15,35 +12,10 @@ constexpr int kModes = 8;
 
 } // namespace
 
-uint32_t CTdscdmaPathLossV3::UploadFromFlash()
-{
-    m_errorMessage.clear();
-    SetAllValid(false);
-    for (int band = 0; band < kBandCount; ++band) {
-        if (!IsBandSupported(band))
-            continue;
-        if (kCommand.Read(Handle(), band, &m_bandDataV3[size_t(band)]) != TAVO_OK)
-            return ERROR_CODE_TAVO_COMMAND_FAILED;
-        m_isBandValid[size_t(band)] = true;
-    }
-    // Only a complete read makes the data good for the target.
-    m_isDataValid = true;
-    return ERROR_CODE_SUCCESS;
-}
+// Only a complete read makes the data good for the target.
+uint32_t CTdscdmaPathLossV3::UploadFromFlash() { return UploadByCommand(kCommand, true); }
 
-uint32_t CTdscdmaPathLossV3::DownloadToFlash()
-{
-    m_errorMessage.clear();
-    if (!m_isDataValid)
-        return FailDataNotValid();
-    const auto integrity = std::make_unique<CCalDataIntegrity>();
-    for (int band = 0; band < kBandCount; ++band) {
-        if (IsBandSupported(band) && m_isBandValid[size_t(band)] &&
-            kCommand.Write(Handle(), band, &m_bandDataV3[size_t(band)]) != TAVO_OK)
-            return ERROR_CODE_TAVO_COMMAND_FAILED;
-    }
-    return ERROR_CODE_SUCCESS;
-}
+uint32_t CTdscdmaPathLossV3::DownloadToFlash() { return DownloadByCommand(kCommand); }
 
 uint32_t CTdscdmaPathLossV3::ReadFromFileSingleBand(TIniFile *file, int band)
 {

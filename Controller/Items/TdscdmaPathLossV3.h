@@ -19,6 +19,9 @@ public:
     _FTA_tl1cal_pathlossData_8level_T GetBandDataV3(int band) const;
     void SetBandDataV3(int band, const _FTA_tl1cal_pathlossData_8level_T &data);
 
+protected:
+    void *CommandRecord(int band) override { return &m_bandDataV3[size_t(band)]; }
+
 private:
     std::array<_FTA_tl1cal_pathlossData_8level_T, kBandCount> m_bandDataV3{};
 };

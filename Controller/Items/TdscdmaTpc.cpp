@@ -169,12 +169,6 @@ void CTdscdmaTpc::CollectRecords(CNvramBatch &batch, bool validBandsOnly)
     }
 }
 
-void CTdscdmaTpc::SetAllValid(bool valid)
-{
-    m_isDataValid = valid;
-    m_isBandValid.fill(valid);
-}
-
 uint32_t CTdscdmaTpc::UploadFromFlash()
 {
     m_errorMessage.clear();
@@ -192,57 +186,6 @@ uint32_t CTdscdmaTpc::DownloadToFlash()
 }
 
 // ---- Cal/INI file ---------------------------------------------------------------
-
-bool CTdscdmaTpc::IsAnyTpcSectionExist(TIniFile *file)
-{
-    if (!file)
-        return false;
-    for (int band = 0; band < TdscdmaTpcBand::kCount; ++band) {
-        if (IsBandSupported(band) && file->IsSectionExist(TdscdmaTpcBand::Section(band)))
-            return true;
-    }
-    return false;
-}
-
-uint32_t CTdscdmaTpc::ReadFromFile(TIniFile *file)
-{
-    m_errorMessage.clear();
-    SetAllValid(false);
-    std::vector<std::string> sections;
-    for (int band = 0; band < TdscdmaTpcBand::kCount; ++band) {
-        if (IsBandSupported(band))
-            sections.push_back(TdscdmaTpcBand::Section(band));
-    }
-    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, sections, m_errorMessage);
-    if (checked != ERROR_CODE_SUCCESS)
-        return checked;
-
-    m_isDataValid = true;
-    for (int band = 0; band < TdscdmaTpcBand::kCount; ++band) {
-        if (!IsBandSupported(band) || !file->IsSectionExist(TdscdmaTpcBand::Section(band)))
-            continue;
-        const uint32_t code = ReadFromFileSingleBand(file, band);
-        if (code != ERROR_CODE_SUCCESS)
-            return code;
-        m_isBandValid[size_t(band)] = true;
-    }
-    return ERROR_CODE_SUCCESS;
-}
-
-uint32_t CTdscdmaTpc::WriteToFile(TIniFile *file)
-{
-    m_errorMessage.clear();
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    for (int band = 0; band < TdscdmaTpcBand::kCount; ++band) {
-        if (!IsBandSupported(band))
-            continue;
-        const uint32_t code = WriteToFileSingleBand(file, band);
-        if (code != ERROR_CODE_SUCCESS)
-            return code;
-    }
-    return ERROR_CODE_SUCCESS;
-}
 
 uint32_t CTdscdmaTpc::WriteToFileSingleBand(TIniFile *file, int band)
 {

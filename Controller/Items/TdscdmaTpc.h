@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Capability/TdscdmaCapability.h"
-#include "CalItemByNvramOperation.h"
+#include "BandCalItem.h"
 #include "STdscdmaUITpcDataByBand.h"
 #include "TdscdmaTpcBand.h"
 
@@ -19,10 +18,10 @@
 // compensations are written in dB with five decimals (every multiple of
 // 1/32 dB exactly) and read back by multiplying by 32 and dropping the
 // fraction towards zero.
-class CTdscdmaTpc : public ICalItemByNvramOperation {
+class CTdscdmaTpc : public CBandCalItem {
     Q_OBJECT
 public:
-    using ICalItemByNvramOperation::ICalItemByNvramOperation;
+    using CBandCalItem::CBandCalItem;
 
     TAVO_RESULT DecomposeNvramData() override;
     TAVO_RESULT ComposeNvramData() override;
@@ -30,35 +29,26 @@ public:
 
     uint32_t UploadFromFlash() override;
     uint32_t DownloadToFlash() override;
-    uint32_t ReadFromFile(TIniFile *file) override;
-    uint32_t WriteToFile(TIniFile *file) override;
-
-    // One band group's section; both give a code of the error table.
-    virtual uint32_t ReadFromFileSingleBand(TIniFile *file, int band);
-    virtual uint32_t WriteToFileSingleBand(TIniFile *file, int band);
+    uint32_t ReadFromFileSingleBand(TIniFile *file, int band) override;
+    uint32_t WriteToFileSingleBand(TIniFile *file, int band) override;
     // Whether the TX DAC record of the band group has the max PA power field
     // in the host's NVRAM database; a failed query counts as no.
     virtual bool IsMaxPaPowerFieldPresent(int band);
 
     // Whether the file holds the section of a band group the target supports.
-    bool IsAnyTpcSectionExist(TIniFile *file);
+    bool IsAnyTpcSectionExist(TIniFile *file) { return IsAnyBandSectionExist(file); }
 
     // The data of one band group (0 to 4), valid or not; the valid flags stay.
     STdscdmaUITpcDataByBand GetBandData(int band) const;
     void SetBandData(int band, const STdscdmaUITpcDataByBand &data);
-
-    bool IsDataValid() const { return m_isDataValid; }
-    bool IsBandValid(int band) const { return IsBand(band) && m_isBandValid[size_t(band)]; }
 
     // dB as the records keep it: times 32, the fraction dropped towards
     // zero, the low 16 bits (1.99999 gives 63, -1.99999 gives -63).
     static int16_t DecibelsToStored(double dB);
 
 protected:
-    static bool IsBand(int band) { return band >= 0 && band < TdscdmaTpcBand::kCount; }
-    bool IsBandSupported(int band) { return m_capability.IsBandGroupSupported(band); }
+    const char *BandSection(int band) const override { return TdscdmaTpcBand::Section(band); }
     bool HasTxClpc() { return m_capability.GetTxClpcMode() == 1; }
-    void SetAllValid(bool valid);
 
     // A raw record as the NVRAM service moves it, sized by the database once.
     struct SRawRecord {
@@ -69,9 +59,6 @@ protected:
     std::array<SRawRecord, TdscdmaTpcBand::kCount> m_txDacRaw;
     std::array<SRawRecord, TdscdmaTpcBand::kCount> m_txClpcRaw;
     std::array<STdscdmaUITpcDataByBand, TdscdmaTpcBand::kCount> m_bandData{};
-    bool m_isDataValid = false;
-    std::array<bool, TdscdmaTpcBand::kCount> m_isBandValid{};
-    CTdscdmaCapability m_capability;
 
 private:
     TAVO_RESULT AllocateRaw(const char *lid, SRawRecord &raw);
