@@ -133,8 +133,15 @@ private slots:
         CPathlossCalItem fresh;
         TIniFile file(path);
         QCOMPARE(Move(fresh, ECalDataMovement::LoadFromFile, &file), 0);
+        TavoSim::ClearCallLog();
         QCOMPARE(Move(fresh, ECalDataMovement::DownloadToFlash), 0);
         QCOMPARE(Records(generation), before);
+        // Layer 1's writes all stand inside the target's integrity record.
+        for (const TavoSim::CallRecord &call : TavoSim::CallLog()) {
+            if (call.name.startsWith("AST_Tavo_NVRAM_Pathloss"))
+                QVERIFY2(call.integrityScope > 0, qPrintable(call.name));
+        }
+        QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
     }
 
     void units_data()
