@@ -148,3 +148,9 @@ quint16 ScaledToStored(double value, double factor)
     const double steps = std::trunc(value * factor);
     return std::isfinite(steps) ? quint16(qint64(std::fmod(steps, 65536.0))) : 0;
 }
+
+quint16 RoundedToStored(float value)
+{
+    const float sum = value >= 0 ? value + 0.5f : value - 0.5f;
+    return ScaledToStored(double(sum), 1.0);
+}

@@ -26,6 +26,10 @@ int ParseDoubleList(const char *text, double *values, int maxCount);
 // fraction dropped towards zero, the low 16 bits; 0 for what is no number.
 // 1.99 dB in 1/32 dB gives 63, -1.99 gives -63 (0xFFC1).
 quint16 ScaledToStored(double value, double factor);
+// A value rounded half away from zero as a record stores it: the sum with
+// 0.5 in single precision, the fraction dropped, the low 16 bits; 0 for what
+// is no finite number (4096 over a slope of 0).
+quint16 RoundedToStored(float value);
 
 // Each byte as two upper-case digits, bytes separated by one blank, a zero
 // byte behind the last: 3 * size bytes, else false and nothing is written.

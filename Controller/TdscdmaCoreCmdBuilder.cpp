@@ -237,3 +237,14 @@ CTdscdmaCoreCmdBuilder::GetPathlossCalDataCmdV3(QJsonObject model, _FTA_tl1cal_p
     ReadPathlossModel(model, 8, current);
     return current;
 }
+
+TavoAfcRecord CTdscdmaCoreCmdBuilder::GetAfcCalDataCmd(QJsonObject model)
+{
+    const QJsonObject values = GetJsonValue(model, "cmdIf.response.group1.memberValue").toObject();
+    TavoAfcRecord record = {};
+    record.initAfcDac = Integer(values.value("initAfcdac").toString());
+    const float slope = float(values.value("slope").toString().toDouble());
+    record.slopeInverse = RoundedToStored(4096.0f / slope);
+    record.capId = uint32_t(values.value("capId").toString().toLongLong(nullptr, 10));
+    return record;
+}

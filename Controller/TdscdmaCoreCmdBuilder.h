@@ -7,6 +7,7 @@
 #include "Capability/TdscdmaCapability.h"
 #include "Items/STdscdmaUITpcDataByBand.h"
 #include "Items/TdscdmaPathlossData.h"
+#include "TavoCore.h"
 #include "TestCommandRecords.h"
 
 // Turns a page's model, with its widgets' values under memberValue, into
@@ -34,6 +35,11 @@ public:
     _FTA_tl1cal_pathlossData_T GetPathlossCalDataCmd(QJsonObject model, _FTA_tl1cal_pathlossData_T current);
     _FTA_tl1cal_pathlossData_8level_T GetPathlossCalDataCmdV3(QJsonObject model,
                                                               _FTA_tl1cal_pathlossData_8level_T current);
+
+    // The AFC data of the "AFC Control" model's response group: the initial
+    // DAC, the slope (Hz per DAC step) as 4096 over it rounded half away
+    // from zero in single precision, and the CAP ID.
+    TavoAfcRecord GetAfcCalDataCmd(QJsonObject model);
 
     // The index of a band group's text: "1850-1930MHz" 0 ... "2300-2400MHz"
     // 4, anything else 0.

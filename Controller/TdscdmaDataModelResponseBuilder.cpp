@@ -180,6 +180,16 @@ std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModelV3(QJsonObj
     return WriteAll(model, writes);
 }
 
+std::string CTdscdmaDataModelResponseBuilder::GetAfcDataModel(QJsonObject model, TavoAfcRecord data)
+{
+    const QString group = "cmdIf.response.group1.memberProperty.";
+    const float slope = 4096.0f / float(data.slopeInverse);
+    return WriteAll(model, {{group + "initAfcdac.trait.defaultValue", QString::number(data.initAfcDac),
+                             "Update Init AFC DAC failed"},
+                            {group + "slope.trait.defaultValue", QString::number(slope, 'g', 6), "Update slope failed"},
+                            {group + "capId.trait.defaultValue", QString::number(data.capId), "Update cap ID failed"}});
+}
+
 std::string CTdscdmaDataModelResponseBuilder::UpdateTadcMeasureResult(QJsonObject model, QString result)
 {
     return WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,

@@ -10,6 +10,7 @@
 #include "Capability/TdscdmaCapability.h"
 #include "Items/STdscdmaUITpcDataByBand.h"
 #include "Items/TdscdmaPathlossData.h"
+#include "TavoCore.h"
 #include "TestCommandRecords.h"
 
 // Writes what the target answered into a page's model, as the texts the
@@ -28,6 +29,10 @@ public:
     // as it is.
     std::string UpdatePathlossDataModel(QJsonObject &model, _FTA_tl1cal_pathlossData_T data);
     std::string UpdatePathlossDataModelV3(QJsonObject &model, _FTA_tl1cal_pathlossData_8level_T data);
+
+    // The AFC data as the defaults of the "AFC Control" model's response
+    // members: the slope as 4096 over the stored inverse.
+    std::string GetAfcDataModel(QJsonObject model, TavoAfcRecord data);
 
     std::string UpdateTadcMeasureResult(QJsonObject model, QString result);
     std::string UpdateRssiResult(QJsonObject model, bool isAgcEx, SRssiResult result);

@@ -1,5 +1,7 @@
 #include "TdscdmaItemCatalog.h"
 
+#include "AfcCalItem.h"
+#include "AfcPageItem.h"
 #include "Capability/MmrfCapability.h"
 #include "ContinuousPageItem.h"
 #include "DpchTxPageItem.h"
@@ -37,21 +39,22 @@ std::unique_ptr<CPageItemDescriptor> Page(int id, const char *pageClass, SPageMo
 
 STdscdmaItemCatalog STdscdmaItemCatalog::Create()
 {
+    auto afc = std::make_unique<CAfcCalItem>();
     auto tpc = std::make_unique<CTpcCalItem>();
     auto tadc = std::make_unique<CTadcCalItem>();
+    CTdscdmaAfc &afcObj = afc->AfcObj();
     CTdscdmaTpc &tpcObj = tpc->TpcObj();
     CTdscdmaTadc &tadcObj = tadc->TadcObj();
 
     STdscdmaItemCatalog catalog;
-    catalog.calItems.push_back(Pending(CAL_ITEM_AFC, [](CMmrfCapability &mmrf) { return !mmrf.IsAfcByL1(); }));
+    catalog.calItems.push_back(std::move(afc));
     catalog.calItems.push_back(std::make_unique<CPathlossCalItem>());
     catalog.calItems.push_back(std::move(tpc));
     catalog.calItems.push_back(std::move(tadc));
     catalog.calItems.push_back(
         Pending(CAL_ITEM_SELF_CAL, [](CMmrfCapability &mmrf) { return mmrf.IsSelfCalSupported(1); }));
 
-    catalog.pageItems.push_back(Page(PAGE_ITEM_AFC_CONTROL, "CTdscdmaAfcDockWidget",
-                                     SPageModel::ForTestPage(":/TdscdmaAfc.json", true)));
+    catalog.pageItems.push_back(std::make_unique<CAfcPageItem>(afcObj));
     catalog.pageItems.push_back(std::make_unique<CTadcPageItem>(tadcObj));
     catalog.pageItems.push_back(std::make_unique<CRssiPageItem>());
     catalog.pageItems.push_back(std::make_unique<CPathlossPageItem>());

@@ -191,7 +191,17 @@ private slots:
         QTest::addColumn<QStringList>("calls");
         QTest::addColumn<QStringList>("shown");
         const QStringList none;
-        QTest::newRow("unknown page, no JSON") << "default" << "Nonsense" << "not json" << "" << 2 << none << none;
+        // An unknown name stands for page 0, AFC Control; a request that is no
+        // JSON reads as zeroes.
+        QTest::newRow("unknown page, no JSON")
+            << "default" << "Nonsense" << "not json" << "" << 0
+            << QStringList{"AST_CAL_afc_start_r(uarfcn=0,afcDac=0,paMode=0,afcData=0,capId=0)"} << none;
+        QTest::newRow("AFC test at DAC1")
+            << "default" << "AFC Control"
+            << Request(R"({"uarfcn":"10087","afcSelect":"AFC1","afcdac1":"4000","afcdac2":"4200","paMode":"Low",)"
+                       R"("afcData":"30","capId":"170"})")
+            << "AST_CAL_afc_start_r" << 3
+            << QStringList{"AST_CAL_afc_start_r(uarfcn=10087,afcDac=4000,paMode=2,afcData=30,capId=170)"} << none;
         QTest::newRow("a page without a test") << "default" << "Tpc" << "{}" << "" << 2 << none << none;
         QTest::newRow("DPCH TX at a fixed power")
             << "default" << "Dpch TX"
@@ -291,9 +301,11 @@ private slots:
                               << QStringList{"read", "read"};
         QTest::newRow("save") << "save" << QStringList{"Fake Good"} << true << QStringList{good}
                               << QStringList{"write"};
-        // An unknown name stands for item 0, whose data no object moves yet.
-        QTest::newRow("unknown name") << "upload" << QStringList{"Nonsense"} << false
-                                      << QStringList{"Nonsense:2:"} << QStringList();
+        // An unknown name stands for item 0, AFC, here without a database.
+        QTest::newRow("unknown name")
+            << "upload" << QStringList{"Nonsense"} << false
+            << QStringList{"Nonsense:100:TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded"}
+            << QStringList();
     }
     // Every item of a movement gets its result, whatever the others gave; the
     // progress starts at 0 and counts every item; one done signal, the

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Interface/PageItemDescriptor.h"
+#include "TdscdmaCoreCmdBuilder.h"
+
+class CTdscdmaAfc;
+
+// "AFC Control": the AFC test at the DAC the request selects, until the
+// common stop; the page also moves the AFC data (CAfcCalItem).
+class CAfcPageItem : public CPageItemDescriptor {
+public:
+    // `afc` starts the test.
+    explicit CAfcPageItem(CTdscdmaAfc &afc);
+
+    void Test(STestRun &run) override;
+
+private:
+    CTdscdmaAfc &m_afcObj;
+    CTdscdmaCoreCmdBuilder m_cmdBuilder;
+};
