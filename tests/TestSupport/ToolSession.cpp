@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QStatusBar>
 #include <QTest>
-#include <QToolButton>
+#include <QAbstractButton>
 
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
@@ -69,6 +69,6 @@ QString ToolSession::Status() const { return m_window->findChild<QStatusBar *>()
 bool ToolSession::Press(QWidget *page, const QString &button, const QString &status)
 {
     m_window->findChild<QStatusBar *>()->clearMessage();
-    QTest::mouseClick(Find<QToolButton>(page, button), Qt::LeftButton);
+    QTest::mouseClick(Find<QAbstractButton>(page, button), Qt::LeftButton);
     return QTest::qWaitFor([this, &status] { return Status() == status; }, 10000);
 }

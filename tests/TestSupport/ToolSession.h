@@ -36,7 +36,7 @@ public:
     // become visible and enabled.
     QDockWidget *ShowPage(const QString &page);
     QString Status() const;
-    // Clicks the page's tool button of that name and waits until the status
+    // Clicks the page's button of that name and waits until the status
     // line says `status`.
     bool Press(QWidget *page, const QString &button, const QString &status);
 

@@ -1,0 +1,146 @@
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QtTest>
+
+#include "ModalBoxCatcher.h"
+#include "TavoPluginInterface.h"
+#include "TavoSimControl.h"
+#include "ToolSession.h"
+
+namespace {
+
+const char *const kButtons[] = {"m_btnExport", "m_btnWrite", "m_btnRead", "m_btnImport", "m_btnCalculate",
+                                "m_start",     "m_stop"};
+
+// The buttons that are enabled, in the order above.
+QStringList Enabled(QWidget *page)
+{
+    QStringList enabled;
+    for (const char *name : kButtons) {
+        if (page->findChild<QAbstractButton *>(name)->isEnabled())
+            enabled << name;
+    }
+    return enabled;
+}
+
+TavoAfcRecord TargetAfc()
+{
+    const QByteArray raw = TavoSim::NvramRecord("NVRAM_EF_AST_TL1_AFC_DATA_LID");
+    TavoAfcRecord record = {};
+    TAVO_NVRAM_DecomposeAfc(&record, raw.constData(), uint32_t(raw.size()));
+    return record;
+}
+
+} // namespace
+
+// The AFC page as a user drives it on the simulated target: the AFC test's
+// states, the calculator, and the AFC data between page and target.
+class TestAfcPage : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase()
+    {
+        QString error;
+        QVERIFY2(m_tool.Load(&error), qPrintable(error));
+    }
+    void cleanupTestCase() { QVERIFY(m_tool.Unload()); }
+    void init()
+    {
+        m_tool.Plugin()->ResetPlugin();
+        QVERIFY(m_tool.Open());
+        m_page = m_tool.ShowPage("CTdscdmaAfcDockWidget");
+        QVERIFY(m_page);
+    }
+    void cleanup()
+    {
+        m_tool.Plugin()->HideTool();
+        TavoSim::Reset();
+    }
+
+    // Idle, running with only the stop in reach, idle again; a failed stop
+    // keeps it running.
+    void testStates()
+    {
+        const QStringList idle{"m_btnExport", "m_btnWrite", "m_btnRead", "m_btnImport", "m_btnCalculate", "m_start"};
+        QCOMPARE(Enabled(m_page), idle);
+        QVERIFY(m_tool.Press(m_page, "m_start", "AFC start..."));
+        QCOMPARE(Enabled(m_page), QStringList{"m_stop"});
+        QVERIFY(TavoSim::RadioActivity().startsWith("afc "));
+
+        TavoSim::FailOnce("AST_CAL_stop_r");
+        ModalBoxCatcher boxes;
+        QVERIFY(m_tool.Press(m_page, "m_stop", "AFC stop failed."));
+        QVERIFY(boxes.WaitFor(1));
+        QCOMPARE(boxes.Boxes()[0].title, QString("AFC stop failed"));
+        QCOMPARE(Enabled(m_page), QStringList{"m_stop"});
+        QVERIFY(m_tool.Press(m_page, "m_stop", "AFC stop."));
+        QCOMPARE(Enabled(m_page), idle);
+        QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
+        QVERIFY(!m_tool.Busy().last().at(1).toBool());
+    }
+
+    void calculator_data()
+    {
+        QTest::addColumn<QString>("error1");
+        QTest::addColumn<QString>("error2");
+        QTest::addColumn<QString>("refusal"); // empty: computed
+        QTest::newRow("two measures") << "-500" << "500" << "";
+        QTest::newRow("texts that differ as texts") << "100" << "100.0" << "";
+        QTest::newRow("one missing") << "-500" << "" << "Please both fill the value";
+        QTest::newRow("the same twice") << "12" << "12" << "must be different!";
+    }
+    void calculator()
+    {
+        QFETCH(QString, error1);
+        QFETCH(QString, error2);
+        QFETCH(QString, refusal);
+        ToolSession::Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac1")->setValue(1000);
+        ToolSession::Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac2")->setValue(2000);
+        auto *init = ToolSession::Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
+        init->setValue(77);
+        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError1"), error1);
+        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError2"), error2);
+        ModalBoxCatcher boxes;
+        QTest::mouseClick(ToolSession::Find<QPushButton>(m_page, "m_btnCalculate"), Qt::LeftButton);
+        if (refusal.isEmpty()) {
+            QCOMPARE(boxes.Count(), 0);
+            QVERIFY(init->value() != 77);
+            QVERIFY(ToolSession::Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope")->value() > 0);
+            if (error1 == "-500")
+                QCOMPARE(init->value(), 1500);
+        } else {
+            QVERIFY(boxes.WaitFor(1));
+            QCOMPARE(boxes.Boxes()[0].title, QString("AFC Control"));
+            QVERIFY(boxes.Boxes()[0].text.contains(refusal));
+            QCOMPARE(init->value(), 77);
+        }
+        QCOMPARE(TavoSim::CallLog().size(), 0);
+    }
+
+    // Read shows the target's data; an edit written reaches the AFC record.
+    void readEditWrite()
+    {
+        QVERIFY(m_tool.Press(m_page, "m_btnRead", "Read data from target successfully."));
+        auto *init = ToolSession::Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
+        auto *slope = ToolSession::Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope");
+        const TavoAfcRecord before = TargetAfc();
+        QCOMPARE(init->value(), int(before.initAfcDac));
+        QCOMPARE(slope->value(), std::round(4096.0 / before.slopeInverse * 1e5) / 1e5);
+        init->setValue(4321);
+        slope->setValue(5.0);
+        QVERIFY(m_tool.Press(m_page, "m_btnWrite", "Write data to target successfully."));
+        QCOMPARE(int(TargetAfc().initAfcDac), 4321);
+        QCOMPARE(int(TargetAfc().slopeInverse), 819);
+    }
+
+private:
+    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
+    QDockWidget *m_page = nullptr;
+};
+
+QTEST_MAIN(TestAfcPage)
+#include "tst_AfcPage.moc"
