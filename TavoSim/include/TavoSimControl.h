@@ -142,6 +142,14 @@ TAVO_API bool IsUbinEnabled();
  * blank and the channel, e.g. "tx 9550". */
 TAVO_API QString RadioActivity();
 
+/* What an instrument measures while the AFC test runs: the carrier's error
+ * in Hz. It follows the profile's crystal ("crystal": "onFrequencyDac",
+ * "slope" in Hz per DAC step at 900 MHz, "noise" in Hz) along a straight
+ * line over the DAC of the test, scaled to the channel's frequency (channel
+ * N is N / 5 MHz), each measure with its own noise within +-noise. NaN when
+ * no AFC test runs. */
+TAVO_API double FrequencyError();
+
 /* A baseband register as the target holds it now. */
 TAVO_API quint16 Register(quint16 address);
 

@@ -160,6 +160,8 @@ QString RadioActivity()
     return QLatin1String(names[radio.activity]) + QLatin1Char(' ') + QString::number(radio.uarfcn);
 }
 
+double FrequencyError() { return SimTarget::instance().measureFrequencyError(); }
+
 quint16 Register(quint16 address)
 {
     return Radio::registerValue(SimTarget::instance().state(), address);

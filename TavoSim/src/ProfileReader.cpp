@@ -71,6 +71,19 @@ std::optional<qint64> ProfileReader::integer(const char *key, qint64 min, qint64
     return qint64(d);
 }
 
+std::optional<double> ProfileReader::real(const char *key, double min, double max)
+{
+    if (isAbsent(key))
+        return std::nullopt;
+    const QJsonValue v = value(key);
+    const double d = v.toDouble();
+    if (!v.isDouble() || d < min || d > max) {
+        fail(QLatin1String(key), QStringLiteral("expected a number from %1 to %2").arg(min).arg(max));
+        return std::nullopt;
+    }
+    return d;
+}
+
 QString ProfileReader::string(const char *key, const QString &fallback)
 {
     if (isAbsent(key))

@@ -44,6 +44,8 @@ public:
     bool boolean(const char *key, bool fallback = false);
     /* An integral number within [min, max]; nullopt when absent or wrong. */
     std::optional<qint64> integer(const char *key, qint64 min, qint64 max);
+    /* A number within [min, max]; nullopt when absent or wrong. */
+    std::optional<double> real(const char *key, double min, double max);
     QString string(const char *key, const QString &fallback = QString());
     /* An array of strings; nullopt when absent or wrong. */
     std::optional<QStringList> strings(const char *key);

@@ -74,6 +74,9 @@ public:
     /* ---- State ---- */
     TargetState state() const;
     void setDatabaseLoaded(bool loaded);
+    /* The carrier's frequency error of the running AFC test, in Hz, as an
+     * instrument measures it (see FrequencyError); NaN when none runs. */
+    double measureFrequencyError();
 
     /* ---- NVRAM file ---- */
     /* Keeps the NVRAM's writes in `path` (empty: no longer), laying what the

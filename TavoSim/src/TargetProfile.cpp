@@ -252,6 +252,17 @@ void readTadc(ProfileReader &top, TargetProfile &p)
     p.tadcChannel = quint8(channel.value_or(0));
 }
 
+void readCrystal(ProfileReader &top, TargetProfile &p)
+{
+    std::optional<ProfileReader> crystal = top.object("crystal");
+    if (!crystal)
+        return;
+    crystal->allowKeys({"onFrequencyDac", "slope", "noise"});
+    p.crystalOnFrequencyDac = crystal->real("onFrequencyDac", 0, 65535).value_or(p.crystalOnFrequencyDac);
+    p.crystalSlope = crystal->real("slope", -1000, 1000).value_or(p.crystalSlope);
+    p.crystalNoise = crystal->real("noise", 0, 1000).value_or(p.crystalNoise);
+}
+
 void readDatabase(ProfileReader &top, TargetProfile &p)
 {
     if (std::optional<ProfileReader> database = top.object("database"))
@@ -409,7 +420,7 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
 {
     ProfileReader top(json);
     top.allowKeys({"name", "description", "modem", "optionInfo", "chipId", "tdscdma", "multiRat", "gsm", "lte", "fdd",
-                   "tadc", "database", "nvram", "commands", "faults"});
+                   "tadc", "crystal", "database", "nvram", "commands", "faults"});
 
     TargetProfile p;
     p.json = json;
@@ -427,6 +438,7 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
     readLte(top, p);
     readFdd(top, p);
     readTadc(top, p);
+    readCrystal(top, p);
     readDatabase(top, p);
     readNvram(top, p);
     readFaults(top, p);

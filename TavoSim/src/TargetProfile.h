@@ -87,6 +87,12 @@ public:
     quint32 gsmRfId = 0;
     quint32 fddRfId = 0;
     quint8 tadcChannel = 0;
+    /* The crystal behind the AFC test: the DAC at which it is on frequency,
+     * its slope in Hz per DAC step at 900 MHz (it scales with the channel's
+     * frequency) and the spread of a measured error around the line. */
+    double crystalOnFrequencyDac = 4150;
+    double crystalSlope = 2.5;
+    double crystalNoise = 1.0;
 
     /* The NVRAM database of the software load, and the records the target's
      * NVRAM holds before anybody writes to it (which need not be those the

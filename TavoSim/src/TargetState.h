@@ -17,6 +17,7 @@ struct RadioState
 
     Activity activity = Idle;
     quint16 uarfcn = 0;
+    quint16 afcDac = 0; /* of the AFC test */
 };
 
 /*
@@ -46,6 +47,8 @@ struct TargetState
     int integrityRecords = 0;
 
     RadioState radio;
+    /* Frequency errors measured so far: each draws its own noise. */
+    quint32 frequencyMeasures = 0;
     /* Baseband registers written since power-on; others read their reset value. */
     QHash<quint16, quint16> registers;
 };

@@ -140,7 +140,10 @@ TAVO_RESULT AST_CAL_afc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn,
                       {Input("uarfcn", uarfcn), Input("afcDac", afcDac), Input("paMode", paMode),
                        Input("afcData", afcData), Input("capId", capId)})
         .run(paMode <= 2, [&](const TargetProfile &, TargetState &state) {
-            return start(state, RadioState::Afc, uarfcn);
+            const TAVO_RESULT result = start(state, RadioState::Afc, uarfcn);
+            if (result == TAVO_OK)
+                state.radio.afcDac = afcDac;
+            return result;
         });
 }
 

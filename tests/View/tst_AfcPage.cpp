@@ -1,3 +1,4 @@
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -5,6 +6,8 @@
 #include <QStatusBar>
 #include <QToolButton>
 #include <QtTest>
+
+#include <cmath>
 
 #include "ModalBoxCatcher.h"
 #include "TavoPluginInterface.h"
@@ -119,6 +122,33 @@ private slots:
             QCOMPARE(init->value(), 77);
         }
         QCOMPARE(TavoSim::CallLog().size(), 0);
+    }
+
+    // Two AFC tests measured by the instrument, the calculator, and the
+    // target's crystal comes back: on frequency at DAC 4150, 2.5 Hz per
+    // step at 900 MHz (the profile's), within the noise and the target's
+    // storage of the slope.
+    void slopeFromTwoMeasures()
+    {
+        auto *select = ToolSession::Find<QComboBox>(m_page, "cmdIf_request_group1_memberProperty_afcSelect");
+        ToolSession::Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac1")->setValue(4000);
+        ToolSession::Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac2")->setValue(4400);
+        QStringList errors;
+        for (const char *dac : {"AFC1", "AFC2"}) {
+            select->setCurrentText(dac);
+            QVERIFY(m_tool.Press(m_page, "m_start", "AFC start..."));
+            errors << QString::number(TavoSim::FrequencyError(), 'f', 3);
+            QVERIFY(m_tool.Press(m_page, "m_stop", "AFC stop."));
+        }
+        QVERIFY(std::isnan(TavoSim::FrequencyError()));
+        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError1"), errors[0]);
+        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError2"), errors[1]);
+        QTest::mouseClick(ToolSession::Find<QPushButton>(m_page, "m_btnCalculate"), Qt::LeftButton);
+        const int init = ToolSession::Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac")->value();
+        const double slope =
+            ToolSession::Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope")->value();
+        QVERIFY2(qAbs(init - 4150) <= 2, qPrintable(QString::number(init)));
+        QVERIFY2(qAbs(slope - 2.5) < 0.02, qPrintable(QString::number(slope)));
     }
 
     // Read shows the target's data; an edit written reaches the AFC record.
