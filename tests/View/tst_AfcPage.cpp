@@ -151,6 +151,37 @@ private slots:
         QVERIFY2(qAbs(slope - 2.5) < 0.02, qPrintable(QString::number(slope)));
     }
 
+    void failuresReturnToIdle_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("failingCall");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("boxTitle");
+        QTest::newRow("start") << "m_start" << "AST_CAL_afc_start_r" << "AFC start failed." << "AFC start failed";
+        QTest::newRow("read") << "m_btnRead" << "TAVO_NVRAM_Read_r" << "Read data from target failed."
+                              << "Upload data from flash failed";
+        QTest::newRow("write without data") << "m_btnWrite" << "" << "Write data to target failed."
+                                            << "Write data to target failed";
+    }
+    void failuresReturnToIdle()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, failingCall);
+        QFETCH(QString, status);
+        if (!failingCall.isEmpty())
+            TavoSim::FailOnce(failingCall);
+        const QByteArray before = TavoSim::NvramRecord("NVRAM_EF_AST_TL1_AFC_DATA_LID");
+        ModalBoxCatcher boxes;
+        QVERIFY(m_tool.Press(m_page, button, status));
+        QVERIFY(boxes.WaitFor(1));
+        QTEST(boxes.Boxes()[0].title, "boxTitle");
+        QCOMPARE(Enabled(m_page),
+                 (QStringList{"m_btnExport", "m_btnWrite", "m_btnRead", "m_btnImport", "m_btnCalculate", "m_start"}));
+        QVERIFY(!m_tool.Busy().last().at(1).toBool());
+        QCOMPARE(TavoSim::RadioActivity(), QString("idle"));
+        QCOMPARE(TavoSim::NvramRecord("NVRAM_EF_AST_TL1_AFC_DATA_LID"), before);
+    }
+
     // Read shows the target's data; an edit written reaches the AFC record.
     void readEditWrite()
     {
