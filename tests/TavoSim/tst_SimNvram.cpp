@@ -660,16 +660,12 @@ private slots:
         QTest::addColumn<int>("result");
         const int unsupported = TAVO_ERR_NOT_SUPPORTED, invalid = TAVO_ERR_INVALID_ARGUMENT;
         QTest::newRow("8 levels, 4-mode target") << "v1-pathloss-v2" << 8 << false << 0 << 2 << "" << unsupported;
-        QTest::newRow("4 modes, 8-level target") << "default" << 4 << true << 0 << 1 << "" << unsupported;
         QTest::newRow("4 modes, no structure version") << "no-pathloss" << 4 << false << 0 << 1 << "" << unsupported;
-        QTest::newRow("8 levels, no structure version") << "no-pathloss" << 8 << true << 0 << 2 << "" << unsupported;
         QTest::newRow("8 levels, version 1") << "default" << 8 << false << 0 << 1 << "" << invalid;
-        QTest::newRow("4 modes, version 2") << "v1-pathloss-v2" << 4 << true << 3 << 2 << "" << invalid;
         QTest::newRow("band 5") << "default" << 8 << true << 5 << 2 << "" << invalid;
         QTest::newRow("group without a band of the target")
             << "v1-pathloss-v2" << 4 << true << 1 << 1 << "" << int(TAVO_ERR_FAILED);
         QTest::newRow("null request") << "default" << 8 << false << 0 << 2 << "request" << invalid;
-        QTest::newRow("null confirm") << "default" << 8 << true << 0 << 2 << "confirm" << invalid;
     }
     /* A refused call writes nothing into the confirm and changes no store. */
     void pathlossRefusals()

@@ -4,7 +4,6 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
 
@@ -13,7 +12,6 @@
 #include "ModalBoxCatcher.h"
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
-#include "TestFiles.h"
 #include "ToolSession.h"
 
 namespace {
@@ -167,35 +165,6 @@ private slots:
         QCOMPARE(Uarfcn(page, 3), uarfcn);
     }
 
-    // A loss edited on the page goes to a file and, on a fresh target, from
-    // the file to the page and the target.
-    void exportThenImport()
-    {
-        QDockWidget *page = OpenPage("v1-pathloss-v2");
-        QVERIFY(page);
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
-        QDoubleSpinBox *cell = Cell(page, kTemperatureTable, 3, 5);
-        QVERIFY(cell);
-        cell->setValue(-4.25);
-        const QString file = m_dir.filePath("pathloss.ini");
-        ModalBoxCatcher dialogs;
-        dialogs.AnswerFileDialogs({file});
-        QVERIFY(Press(page, "m_btnSave", "Export data to file successfully."));
-
-        TavoSim::Reset();
-        TavoSim::LoadDatabase();
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
-        QVERIFY(cell->value() != -4.25);
-        dialogs.AnswerFileDialogs({file});
-        QVERIFY(Press(page, "m_btnLoad", "Import data from file successfully."));
-        QCOMPARE(cell->value(), -4.25);
-        QVERIFY(Press(page, "m_btnDownload", "Write data to target successfully."));
-        int16_t stored = 0;
-        std::memcpy(&stored, TavoSim::NvramRecord(Lid("v1-pathloss-v2", 0)).constData() + 150 + (3 * 8 + 5) * 2,
-                    sizeof stored);
-        QCOMPARE(int(stored), -34);
-    }
-
     void failuresLeaveThePageWhole_data()
     {
         QTest::addColumn<QString>("profile");
@@ -208,12 +177,6 @@ private slots:
         QTest::newRow("write fails in the middle") << "default" << "m_btnDownload"
                                                    << "AST_Tavo_NVRAM_Pathloss_8level_Write_r"
                                                    << "Write data to target failed." << "";
-        QTest::newRow("export to a folder that is not there")
-            << "default" << "m_btnSave" << "missing/folder/pathloss.ini" << "Export data to file failed."
-            << "Cannot write the file";
-        QTest::newRow("import of a file without path loss")
-            << "default" << "m_btnLoad" << "garbled" << "Import data from file failed."
-            << "Please select the file that includes the data you want to operate.";
         QTest::newRow("no item serves the target") << "no-pathloss" << "m_btnUpload" << "" << "Read data from target failed."
                                                    << "Please check SW version.";
     }
@@ -230,15 +193,8 @@ private slots:
         const double shown = Cell(page, kSubbandTable, 1, 0)->value();
         const QList<QByteArray> before = Records(profile);
         ModalBoxCatcher boxes;
-        if (failingCall == "garbled") {
-            const QString path = m_dir.filePath("garbled.ini");
-            QVERIFY(TestFiles::Write(path, "[TDSCDMA 1850-1930MHz TPC]\nSTART1 = 3\n\xff garbage ]]\n"));
-            boxes.AnswerFileDialogs({path});
-        } else if (failingCall.endsWith(".ini")) {
-            boxes.AnswerFileDialogs({m_dir.filePath(failingCall)});
-        } else if (!failingCall.isEmpty()) {
+        if (!failingCall.isEmpty())
             TavoSim::InjectFault({failingCall, {"band=2"}, TAVO_ERR_FAILED, 1});
-        }
         TavoSim::ClearCallLog();
 
         m_tool.Busy().clear();
@@ -272,7 +228,6 @@ private:
     }
 
     ToolSession m_tool{RADBENCH_PLUGIN_PATH};
-    QTemporaryDir m_dir;
 };
 
 QTEST_MAIN(TestPathlossPage)

@@ -62,9 +62,7 @@ int Field(const TavoTxDacRecord &record, const QString &field)
 {
     if (field == "hysteresisStart0")
         return record.hysteresisStart0;
-    if (field == "paPower[1][2]")
-        return record.paPower[1][2];
-    return record.subbandPowerComp[0][3];
+    return record.paPower[1][2];
 }
 
 // The places where `before` and `after` differ, as "record:byte" of the list.
@@ -131,9 +129,6 @@ private slots:
             QTest::addRow("%s: power cell", name.constData())
                 << profile << QString("calDataIf_data_group%1_memberProperty_paH").arg(5 + shift) << 1 << 2
                 << "paPower[1][2]" << 32.0 << "-12.5" << -400;
-            QTest::addRow("%s: sub-band compensation", name.constData())
-                << profile << QString("calDataIf_data_group%1_memberProperty_uarfcn").arg(6 + shift) << 1 << 3
-                << "subbandPowerComp[0][3]" << 32.0 << "1.03125" << 33;
         }
     }
     void readThenWriteChangesOneField()
