@@ -1,14 +1,12 @@
 // The AFC item between the simulated target, the item and Cal/INI files, and
 // the builders between it and the "AFC Control" model.
 
-#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
 
-#include "Descriptors/AfcCalItem.h"
-#include "JsonPath.h"
+#include "Items/TdscdmaAfc.h"
 #include "SimScope.h"
 #include "TIniFile.h"
 #include "TdscdmaCore.h"
@@ -149,31 +147,6 @@ private slots:
         QCOMPARE(int(item.DownloadToFlash()), 2);
     }
 
-    void exchangeWithThePage_data()
-    {
-        QTest::addColumn<QString>("slope");
-        QTest::addColumn<int>("inverse");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("5 Hz per step") << "5" << 819 << "5.00122";
-        QTest::newRow("no number: no slope") << "" << 0 << "inf";
-    }
-    // The response group of "AFC Control" into the item and back.
-    void exchangeWithThePage()
-    {
-        QFETCH(QString, slope);
-        QVERIFY(UseTarget(0));
-        QJsonObject model =
-            QJsonDocument::fromJson(QByteArray::fromStdString(CTdscdmaCore::GetInstance()->GetDataModel("AFC Control")))
-                .object();
-        QVERIFY(InsertJsonValue(model, "cmdIf.response.group1", "memberValue", "slope", slope));
-        CAfcCalItem item;
-        item.SetCalibrationData(model);
-        QTEST(int(item.AfcObj().GetAfcData().slopeInverse), "inverse");
-        const QJsonObject answer =
-            QJsonDocument::fromJson(QByteArray::fromStdString(item.GetCalibrationData(model))).object();
-        QTEST(GetJsonValueConst(answer, "cmdIf.response.group1.memberProperty.slope.trait.defaultValue").toString(),
-              "shown");
-    }
 };
 
 QTEST_GUILESS_MAIN(TestAfcItem)

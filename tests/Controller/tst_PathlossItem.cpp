@@ -272,8 +272,7 @@ private slots:
     }
 
     // The database's form has three gain modes: an upload leaves the fourth
-    // row of the tool's record as it was, and a section of a target without
-    // the RX extend mode neither reads nor writes it.
+    // row of the tool's record as it was.
     void recordsKeepTheFourthMode()
     {
         QVERIFY(UseTarget("records", false));
@@ -283,12 +282,6 @@ private slots:
         const _FTA_tl1cal_pathlossData_T data = item.PathLoss().GetBandData(0);
         QCOMPARE(std::memcmp(data.subbandLoss[3], Pattern4(0).subbandLoss[3], sizeof data.subbandLoss[3]), 0);
         QCOMPARE(std::memcmp(data.tempLoss[3], Pattern4(0).tempLoss[3], sizeof data.tempLoss[3]), 0);
-
-        QTemporaryDir dir;
-        TIniFile file(dir.filePath("modes.ini"));
-        QCOMPARE(int(item.PathLoss().WriteToFileSingleBand(&file, 0)), 0);
-        QVERIFY(file.IsKeyExist("TDSCDMA 1850-1930MHz RX loss", "Temperature RX loss low mode"));
-        QVERIFY(!file.IsKeyExist("TDSCDMA 1850-1930MHz RX loss", "Temperature RX loss ext mode"));
     }
 };
 

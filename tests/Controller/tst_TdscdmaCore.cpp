@@ -375,13 +375,6 @@ private slots:
         QCOMPARE(log.results, (QStringList{"Fake Stopper:0:", stopped, stopped}));
         QCOMPARE(log.progress, (QList<int>{0, 1, 2, 3}));
         QCOMPARE(other->object.calls, QStringList());
-
-        // The request is spent: the next movement runs whole.
-        log.done.clear();
-        log.results.clear();
-        core->UploadFromFlash({"Fake Good"});
-        QTRY_COMPARE(log.done, QStringList{"upload"});
-        QCOMPARE(log.results, QStringList{"Fake Good:0:"});
     }
 
     // A page item added as a descriptor is served like the tool's own: its

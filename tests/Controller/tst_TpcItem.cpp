@@ -2,7 +2,6 @@
 // the item and Cal/INI files, and through them the NVRAM upload and download
 // every calibration item inherits from the item base.
 
-#include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -12,7 +11,6 @@
 #include "Descriptors/TpcCalItem.h"
 #include "ErrorCodeInfo.h"
 #include "Items/TdscdmaTpcV3.h"
-#include "JsonPath.h"
 #include "SimScope.h"
 #include "TIniFile.h"
 #include "TdscdmaCore.h"
@@ -320,39 +318,6 @@ private slots:
     }
 
 
-    void bandExchange_data()
-    {
-        QTest::addColumn<QString>("generation");
-        QTest::addColumn<QString>("band");
-        QTest::addColumn<int>("index");
-        QTest::newRow("records, a band of the plan") << "records" << "2010-2025MHz" << 1;
-        QTest::newRow("commands, a band of the plan") << "commands" << "2300-2400MHz" << 4;
-        QTest::newRow("commands, a band text nobody knows") << "commands" << "900MHz" << 0;
-    }
-    // A page's values go into the band its model names, and come back from
-    // it; an exchange makes no data good for the target.
-    void bandExchange()
-    {
-        QFETCH(QString, generation);
-        QFETCH(QString, band);
-        QFETCH(int, index);
-        QVERIFY(UseTarget(generation, 1, true));
-        QJsonObject model =
-            QJsonDocument::fromJson(QByteArray::fromStdString(CTdscdmaCore::GetInstance()->GetDataModel("Tpc"))).object();
-        QVERIFY(InsertJsonValue(model, "calDataIf.data.group2", "memberValue", "hysteresisStart0", "33"));
-        QVERIFY(InsertJsonValue(model, "calDataIf.config.group1", "memberValue", "band", band));
-
-        CTpcCalItem item;
-        item.SetCalibrationData(model);
-        for (int other = 0; other < kBands; ++other)
-            QCOMPARE(int(item.Tpc().GetBandData(other).txDac.hysteresisStart0), other == index ? 33 : 0);
-        const QJsonObject answer = QJsonDocument::fromJson(QByteArray::fromStdString(item.GetCalibrationData(model))).object();
-        QCOMPARE(GetJsonValueConst(answer, "calDataIf.data.group2.memberProperty.hysteresisStart0.trait.defaultValue"),
-                 QJsonValue("33"));
-        TavoSim::ClearCallLog();
-        QCOMPARE(int(item.Tpc().DownloadToFlash()), 2);
-        QCOMPARE(TavoSim::CallNames(), QStringList());
-    }
 };
 
 QTEST_GUILESS_MAIN(TestTpcItem)

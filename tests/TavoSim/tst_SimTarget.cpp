@@ -9,7 +9,6 @@
 #include <QtTest>
 
 #include <atomic>
-#include <cmath>
 #include <functional>
 #include <thread>
 #include <vector>
@@ -384,36 +383,6 @@ private slots:
         uint8_t used = 0;
         QCOMPARE(AST_CAL_agc_ex_r(0, 10000, 9550, 4096, 0, 0, 1, &rssi, &dsp, &used), TAVO_OK);
         QCOMPARE(QString("%1/%2").arg(rssi).arg(used), QString("-584/63")); // -73 dBm arrive on 9550
-    }
-
-    void frequencyErrorFollowsTheCrystal_data()
-    {
-        QTest::addColumn<int>("uarfcn");
-        QTest::addColumn<int>("dac");
-        QTest::addColumn<double>("error"); // without noise
-        // The profile's crystal: on frequency at 4000, 3 Hz per step at 900 MHz.
-        QTest::newRow("on frequency") << 4500 << 4000 << 0.0;
-        QTest::newRow("above, at 900 MHz") << 4500 << 4100 << 300.0;
-        QTest::newRow("below, at 2000 MHz") << 10000 << 3900 << -666.667;
-    }
-    void frequencyErrorFollowsTheCrystal()
-    {
-        QFETCH(int, uarfcn);
-        QFETCH(int, dac);
-        QFETCH(double, error);
-        const QJsonObject crystal{{"onFrequencyDac", 4000}, {"slope", 3.0}, {"noise", 0.5}};
-        QVERIFY(TavoSim::PatchProfile({{"crystal", crystal}}, TavoSim::Patch::Reset));
-        QVERIFY(std::isnan(TavoSim::FrequencyError()));
-        QCOMPARE(AST_CAL_afc_start_r(0, 10000, uint16_t(uarfcn), uint16_t(dac), 0, 12, 160), TAVO_OK);
-        QSet<double> measures;
-        for (int i = 0; i < 20; ++i) {
-            const double measured = TavoSim::FrequencyError();
-            QVERIFY2(qAbs(measured - error) <= 0.5 + 1e-3, qPrintable(QString::number(measured)));
-            measures << measured;
-        }
-        QVERIFY(measures.size() > 10);
-        QCOMPARE(AST_CAL_stop_r(0, 10000), TAVO_OK);
-        QVERIFY(std::isnan(TavoSim::FrequencyError()));
     }
 
 private:

@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "ModalBoxCatcher.h"
+#include "NvramRecords.h"
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
 #include "ToolSession.h"
@@ -37,10 +38,10 @@ QString Lid(const QString &profile, int band)
 
 QList<QByteArray> Records(const QString &profile)
 {
-    QList<QByteArray> records;
+    QStringList lids;
     for (int band = 0; band < kBands; ++band)
-        records << TavoSim::NvramRecord(Lid(profile, band));
-    return records;
+        lids << Lid(profile, band);
+    return NvramRecords::Read(lids);
 }
 
 // The sub-band loss of a gain mode and sub-band, as the target holds it.
@@ -55,20 +56,6 @@ int SubbandLoss(const QString &profile, int band, int mode, int subband)
     int16_t loss = 0;
     std::memcpy(&loss, raw.constData() + 30 + (mode * 15 + subband) * 2, sizeof loss);
     return loss;
-}
-
-int ChangedBytes(const QList<QByteArray> &before, const QList<QByteArray> &after, QString *where)
-{
-    int changed = 0;
-    for (int i = 0; i < before.size(); ++i) {
-        for (int at = 0; at < before[i].size(); ++at) {
-            if (at >= after.value(i).size() || before[i][at] != after[i][at]) {
-                ++changed;
-                *where += QString(" %1:%2").arg(i).arg(at);
-            }
-        }
-    }
-    return changed;
 }
 
 // A loss cell of a table, and a UARFCN cell (row 0 of the sub-band table).
@@ -121,7 +108,7 @@ private slots:
         QFETCH(double, unit);
         QDockWidget *page = OpenPage(profile);
         QVERIFY(page);
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         QTEST(ToolSession::Find<QTableWidget>(page, kSubbandTable)->rowCount() - 1, "lossRows");
         QTEST(ToolSession::Find<QTableWidget>(page, kTemperatureTable)->rowCount(), "lossRows");
 
@@ -134,11 +121,11 @@ private slots:
         cell->selectAll();
         QFETCH(QString, typed);
         QTest::keyClicks(cell, typed);
-        QVERIFY(Press(page, "m_btnDownload", "Write data to target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnDownload", "Write data to target successfully."));
         QTEST(SubbandLoss(profile, 0, 1, 4), "stored");
-        QString where;
-        const int changed = ChangedBytes(before, Records(profile), &where);
-        QVERIFY2(changed >= 1 && changed <= 2 && !where.contains(" 1:"), qPrintable(where));
+        const QStringList changed = NvramRecords::Differences(before, Records(profile));
+        QVERIFY2(!changed.isEmpty() && changed.size() <= 2 && changed.first().startsWith("0:"),
+                 qPrintable(changed.join(' ')));
     }
 
     // "Reset" clears the losses of the sub-band tab and keeps its UARFCN row;
@@ -147,7 +134,7 @@ private slots:
     {
         QDockWidget *page = OpenPage("default");
         QVERIFY(page);
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         const int uarfcn = Uarfcn(page, 3);
         const double temperature = Cell(page, kTemperatureTable, 0, 3)->value();
         QVERIFY(uarfcn > 0 && Cell(page, kSubbandTable, 1, 3)->value() != 0.0);
@@ -172,8 +159,6 @@ private slots:
         QTest::addColumn<QString>("failingCall");
         QTest::addColumn<QString>("status");
         QTest::addColumn<QString>("informative");
-        QTest::newRow("read fails on one band") << "default" << "m_btnUpload" << "AST_Tavo_NVRAM_Pathloss_8level_Read_r"
-                                                << "Read data from target failed." << "";
         QTest::newRow("write fails in the middle") << "default" << "m_btnDownload"
                                                    << "AST_Tavo_NVRAM_Pathloss_8level_Write_r"
                                                    << "Write data to target failed." << "";
@@ -189,9 +174,8 @@ private slots:
         QDockWidget *page = OpenPage(profile);
         QVERIFY(page);
         if (button == "m_btnDownload")
-            QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+            QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         const double shown = Cell(page, kSubbandTable, 1, 0)->value();
-        const QList<QByteArray> before = Records(profile);
         ModalBoxCatcher boxes;
         if (!failingCall.isEmpty())
             TavoSim::InjectFault({failingCall, {"band=2"}, TAVO_ERR_FAILED, 1});
@@ -208,12 +192,8 @@ private slots:
             QVERIFY(ToolSession::Find<QToolButton>(page, name)->isEnabled());
         QCOMPARE(m_tool.Busy().last().at(1).toBool(), false);
         QCOMPARE(Cell(page, kSubbandTable, 1, 0)->value(), shown);
-        if (profile == "no-pathloss") {
+        if (profile == "no-pathloss")
             QCOMPARE(TavoSim::CallNames().filter("Pathloss", Qt::CaseInsensitive), QStringList());
-            return;
-        }
-        if (button != "m_btnDownload")
-            QCOMPARE(Records(profile), before);
     }
 
 private:
@@ -222,10 +202,6 @@ private:
         return m_tool.Open(profile) ? m_tool.ShowPage("CTdscdmaPathlossDockWidget") : nullptr;
     }
 
-    bool Press(QDockWidget *page, const QString &button, const QString &status)
-    {
-        return m_tool.Press(page, button, status);
-    }
 
     ToolSession m_tool{RADBENCH_PLUGIN_PATH};
 };

@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "ModalBoxCatcher.h"
+#include "NvramRecords.h"
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
 #include "TestFiles.h"
@@ -37,12 +38,10 @@ QString TxDacLid(const QString &profile, int band)
 // The TX DAC and TX CLPC records of every band group as the target holds them.
 QList<QByteArray> TpcRecords(const QString &profile)
 {
-    QList<QByteArray> records;
-    for (int band = 0; band < kBands; ++band) {
-        const QString txDac = TxDacLid(profile, band);
-        records << TavoSim::NvramRecord(txDac) << TavoSim::NvramRecord(QString(txDac).replace("TXDAC", "TXCLPC"));
-    }
-    return records;
+    QStringList lids;
+    for (int band = 0; band < kBands; ++band)
+        lids << TxDacLid(profile, band) << TxDacLid(profile, band).replace("TXDAC", "TXCLPC");
+    return NvramRecords::Read(lids);
 }
 
 // Band 0's TX DAC record decoded.
@@ -63,21 +62,6 @@ int Field(const TavoTxDacRecord &record, const QString &field)
     if (field == "hysteresisStart0")
         return record.hysteresisStart0;
     return record.paPower[1][2];
-}
-
-// The places where `before` and `after` differ, as "record:byte" of the list.
-QStringList Differences(const QList<QByteArray> &before, const QList<QByteArray> &after)
-{
-    QStringList places;
-    for (int i = 0; i < before.size() && i < after.size(); ++i) {
-        if (before[i].size() != after[i].size())
-            places << QString("%1:size").arg(i);
-        for (int at = 0; at < before[i].size() && at < after[i].size(); ++at) {
-            if (before[i][at] != after[i][at])
-                places << QString("%1:%2").arg(i).arg(at);
-        }
-    }
-    return places;
 }
 
 } // namespace
@@ -142,7 +126,7 @@ private slots:
         QDockWidget *page = OpenPage(profile);
         QVERIFY(page);
 
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         QAbstractSpinBox *box = Box(page, widget, row, column);
         QVERIFY(box);
         QCOMPARE(Number(box) * scale, double(Field(TxDac(profile), field)));
@@ -151,10 +135,10 @@ private slots:
         box->selectAll();
         QFETCH(QString, typed);
         QTest::keyClicks(box, typed);
-        QVERIFY(Press(page, "m_btnDownload", "Download to flash successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnDownload", "Download to flash successfully."));
         QTEST(Field(TxDac(profile), field), "stored");
         // One 16-bit field of band 0's TX DAC record, nothing else anywhere.
-        const QStringList changed = Differences(before, TpcRecords(profile));
+        const QStringList changed = NvramRecords::Differences(before, TpcRecords(profile));
         QVERIFY2(!changed.isEmpty() && changed.size() <= 2 && changed.first().startsWith("0:"),
                  qPrintable(changed.join(' ')));
     }
@@ -165,7 +149,7 @@ private slots:
     {
         QDockWidget *page = OpenPage("default");
         QVERIFY(page);
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
         auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
         QCOMPARE(band->currentIndex(), 0);
@@ -191,7 +175,7 @@ private slots:
         QDockWidget *page = OpenPage("default");
         QVERIFY(page);
         const QList<QByteArray> seeded = TpcRecords("default");
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
         auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
         hysteresis->setValue(7);
@@ -201,23 +185,23 @@ private slots:
         const QString file = m_dir.filePath("tpc.ini");
         ModalBoxCatcher dialogs;
         dialogs.AnswerFileDialogs({file});
-        QVERIFY(Press(page, "m_btnSave", "Export data to file successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnSave", "Export data to file successfully."));
         QCOMPARE(dialogs.FileDialogCount(), 1);
         QVERIFY(TestFiles::Read(file).contains("[TDSCDMA 2010-2025MHz TPC]"));
 
         // A fresh target; the page's item forgets by reading it.
         TavoSim::Reset();
         TavoSim::LoadDatabase();
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         QCOMPARE(hysteresis->value(), int(TxDac("default", 1).hysteresisStart0));
         dialogs.AnswerFileDialogs({file});
-        QVERIFY(Press(page, "m_btnLoad", "Import data from file successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnLoad", "Import data from file successfully."));
         QCOMPARE(hysteresis->value(), 9);
-        QVERIFY(Press(page, "m_btnDownload", "Download to flash successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnDownload", "Download to flash successfully."));
 
         QCOMPARE(int(TxDac("default", 0).hysteresisStart0), 7);
         QCOMPARE(int(TxDac("default", 1).hysteresisStart0), 9);
-        const QStringList changed = Differences(seeded, TpcRecords("default"));
+        const QStringList changed = NvramRecords::Differences(seeded, TpcRecords("default"));
         for (const QString &place : changed)
             QVERIFY2(place.startsWith("0:") || place.startsWith("2:"), qPrintable(changed.join(' ')));
     }
@@ -254,7 +238,7 @@ private slots:
         const QString written = "Download to flash successfully.";
         QDockWidget *page = OpenPage("default");
         QVERIFY(page);
-        QVERIFY(Press(page, "m_btnUpload", "Read data from target successfully."));
+        QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
         hysteresis->setValue(5);
         const QList<QByteArray> before = TpcRecords("default");
@@ -300,7 +284,7 @@ private slots:
         QCOMPARE(hysteresis->value(), 5);
 
         QFETCH(QString, writeAfter);
-        QVERIFY(Press(page, "m_btnDownload", writeAfter));
+        QVERIFY(m_tool.Press(page, "m_btnDownload", writeAfter));
         QCOMPARE(int(TxDac("default").hysteresisStart0) == 5, writeAfter == written);
     }
 
@@ -338,10 +322,6 @@ private:
         return m_tool.Open(profile) ? m_tool.ShowPage(PageOf(profile)) : nullptr;
     }
 
-    bool Press(QDockWidget *page, const QString &button, const QString &status)
-    {
-        return m_tool.Press(page, button, status);
-    }
 
     // A single value's box, or a table's cell.
     static QAbstractSpinBox *Box(QDockWidget *page, const QString &widget, int row, int column)
