@@ -120,8 +120,46 @@ TAVO_API TAVO_RESULT AST_CAL_stop_r(int handle, uint32_t timeoutMs);
 TAVO_API TAVO_RESULT AST_CAL_read_abb_reg_r(int handle, uint32_t timeoutMs, uint16_t addr, uint16_t *value);
 TAVO_API TAVO_RESULT AST_CAL_write_abb_reg_r(int handle, uint32_t timeoutMs, uint16_t addr, uint16_t value);
 
+/* ---- Temperature ADC -------------------------------------------------------------
+ *
+ * The temperature sensor is read through an ADC channel, in raw ADC steps.
+ * Two ways reach it: the ADC calls of the GSM side (the channel query, a
+ * sum of measures on a channel, a single read), and the TD-SCDMA layer 1's
+ * own RF temperature measure. The two answers carry status bytes of
+ * opposite sense. */
+
 /* Index of the ADC channel that measures the temperature. */
 TAVO_API TAVO_RESULT TAVO_MISC_GetTADCChannelIndex_r(int handle, uint32_t timeoutMs, uint8_t *channel);
+
+/* Answer of a sum measure: `count` measures of the channel added up.
+ * status: TAVO_ADC_STATUS_OK (0) when the sum holds, else why not. */
+typedef struct {
+    uint32_t sum;
+    uint8_t status;
+} TavoAdcMeasureSum;
+
+enum {
+    TAVO_ADC_STATUS_OK = 0,
+    TAVO_ADC_STATUS_NO_SENSOR = 1, /* nothing measurable on the channel */
+    TAVO_ADC_STATUS_NOT_READY = 2  /* the sensor has not settled yet */
+};
+
+/* `count` measures of ADC `channel`, added up. */
+TAVO_API TAVO_RESULT TAVO_MISC_GetADCMeasureSum_r(int handle, uint32_t timeoutMs, uint8_t channel, uint16_t count,
+                                                 TavoAdcMeasureSum *answer);
+/* One measure of the temperature ADC channel. */
+TAVO_API TAVO_RESULT TAVO_MISC_GetADCValue_r(int handle, uint32_t timeoutMs, uint16_t *value);
+
+/* Answer of the RF temperature measure. status: 1 when `sum` holds the sum of
+ * the measures, 0 when the layer could not measure. */
+typedef struct {
+    uint8_t status;
+    uint32_t sum;
+} TavoRfTemperature;
+
+/* `count` measures of the RF temperature sensor, added up (layer 1). */
+TAVO_API TAVO_RESULT AST_GetRfTemperature_r(int handle, uint32_t timeoutMs, uint16_t count,
+                                           TavoRfTemperature *answer);
 
 /* ---- NVRAM database ----------------------------------------------------------- */
 
