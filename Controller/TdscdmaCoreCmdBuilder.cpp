@@ -248,3 +248,17 @@ TavoAfcRecord CTdscdmaCoreCmdBuilder::GetAfcCalDataCmd(QJsonObject model)
     record.capId = uint32_t(values.value("capId").toString().toLongLong(nullptr, 10));
     return record;
 }
+
+CTdscdmaTadc::AdcTable CTdscdmaCoreCmdBuilder::GetTadcCalDataCmd(QJsonObject model)
+{
+    const QJsonObject values = GetJsonValue(model, "cmdIf.response.group2.memberValue").toObject();
+    CTdscdmaTadc::AdcTable table = {};
+    for (int i = 0; i < CTdscdmaTadc::kAdcCount; ++i)
+        table[size_t(i)] = Integer(values.value(QString("adc%1").arg(i)).toString());
+    return table;
+}
+
+uint16_t CTdscdmaCoreCmdBuilder::GetTadcMeasureCount(QJsonObject model)
+{
+    return uint16_t(Number(GetJsonValue(model, kGroup1).toObject(), "count"));
+}

@@ -7,6 +7,7 @@
 #include "Capability/TdscdmaCapability.h"
 #include "Items/STdscdmaUITpcDataByBand.h"
 #include "Items/TdscdmaPathlossData.h"
+#include "Items/TdscdmaTadc.h"
 #include "TavoCore.h"
 #include "TestCommandRecords.h"
 
@@ -40,6 +41,12 @@ public:
     // DAC, the slope (Hz per DAC step) as 4096 over it rounded half away
     // from zero in single precision, and the CAP ID.
     TavoAfcRecord GetAfcCalDataCmd(QJsonObject model);
+
+    // The ADC table of the "TADC" model's second response group, "adc0" to
+    // "adc7", each kept in 16 bits.
+    CTdscdmaTadc::AdcTable GetTadcCalDataCmd(QJsonObject model);
+    // The measure count of the "TADC" model's request.
+    uint16_t GetTadcMeasureCount(QJsonObject model);
 
     // The index of a band group's text: "1850-1930MHz" 0 ... "2300-2400MHz"
     // 4, anything else 0.

@@ -190,6 +190,16 @@ std::string CTdscdmaDataModelResponseBuilder::GetAfcDataModel(QJsonObject model,
                             {group + "capId.trait.defaultValue", QString::number(data.capId), "Update cap ID failed"}});
 }
 
+std::string CTdscdmaDataModelResponseBuilder::GetTadcDataModel(QJsonObject model, CTdscdmaTadc::AdcTable adc)
+{
+    for (int i = 0; i < CTdscdmaTadc::kAdcCount; ++i) {
+        const QString path = QString("cmdIf.response.group2.memberProperty.adc%1.trait.defaultValue").arg(i);
+        if (!SetJsonValue(model, path, QString::number(adc[size_t(i)])))
+            return BuildEmptyModelString();
+    }
+    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+}
+
 std::string CTdscdmaDataModelResponseBuilder::UpdateTadcMeasureResult(QJsonObject model, QString result)
 {
     return WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,

@@ -10,6 +10,7 @@
 #include "Capability/TdscdmaCapability.h"
 #include "Items/STdscdmaUITpcDataByBand.h"
 #include "Items/TdscdmaPathlossData.h"
+#include "Items/TdscdmaTadc.h"
 #include "TavoCore.h"
 #include "TestCommandRecords.h"
 
@@ -34,6 +35,10 @@ public:
     // members: the slope as 4096 over the stored inverse.
     std::string GetAfcDataModel(QJsonObject model, TavoAfcRecord data);
 
+    // The ADC table as the defaults of the "TADC" model's "adc0" to "adc7".
+    // A model without them gives the bare empty model.
+    std::string GetTadcDataModel(QJsonObject model, CTdscdmaTadc::AdcTable adc);
+    // A measure's text (a number, or "Error") as the default of the "adc" label.
     std::string UpdateTadcMeasureResult(QJsonObject model, QString result);
     std::string UpdateRssiResult(QJsonObject model, bool isAgcEx, SRssiResult result);
     std::string UpdateRegisterResult(QJsonObject model, uint16_t value);

@@ -18,8 +18,6 @@ namespace {
 const char *const kBandPath = "calDataIf.config.group1.memberValue.band";
 const char *const kChooseFile = "Please choose the Cal/Ini file...";
 
-QJsonObject Parse(const std::string &text) { return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object(); }
-
 } // namespace
 
 const CCalDataDockWidget::SOutcome CCalDataDockWidget::kUpload{"Read data from target successfully.",
@@ -30,6 +28,14 @@ const CCalDataDockWidget::SOutcome CCalDataDockWidget::kDownload{"Download to fl
                                                                   "Download to flash failed."};
 const CCalDataDockWidget::SOutcome CCalDataDockWidget::kSave{"Export data to file successfully.",
                                                               "Export data to file failed."};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kTestPageUpload{
+    "Read data from target successfully.", "Read data from target failed.", "Read data from target failed"};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kTestPageLoad{
+    "Import data from file successfully.", "Import data from file failed.", "Import data from file failed"};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kTestPageDownload{
+    "Write data to target successfully.", "Write data to target failed.", "Write data to target failed"};
+const CCalDataDockWidget::SOutcome CCalDataDockWidget::kTestPageSave{
+    "Export data to file successfully.", "Export data to file failed.", "Export data to file failed"};
 
 CCalDataDockWidget::CCalDataDockWidget(QWidget *parent)
     : CAutoBindingDataModelDockWidget(parent), m_viewController(new CTdscdmaRadbenchCore(this))
@@ -142,6 +148,11 @@ void CCalDataDockWidget::ShowOutcome(const SOutcome &outcome, const SEachItemOpe
     }
     emit Signal_UpdateStatus(outcome.failure, 0);
     ShowResultMessage(outcome.boxTitle ? outcome.boxTitle : outcome.failure, result);
+}
+
+QJsonObject CCalDataDockWidget::Parse(const std::string &text)
+{
+    return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
 }
 
 void CCalDataDockWidget::ClearTable(QTableWidget *table, int firstRow)

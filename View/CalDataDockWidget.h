@@ -49,6 +49,12 @@ public:
     static const SOutcome kLoad;
     static const SOutcome kDownload;
     static const SOutcome kSave;
+    // The same on the test pages that move calibration data (AFC, TADC):
+    // "Write data to target", and box titles without the full stop.
+    static const SOutcome kTestPageUpload;
+    static const SOutcome kTestPageLoad;
+    static const SOutcome kTestPageDownload;
+    static const SOutcome kTestPageSave;
 
 public slots:
     void Slot_TriggerStopTest() override {}
@@ -89,6 +95,8 @@ protected:
     void ShowReadOutcome(const SOutcome &outcome, const SEachItemOperationResult &result,
                          const std::string &resultDataModel);
 
+    // A model text from the view controller; empty when it is no JSON object.
+    static QJsonObject Parse(const std::string &text);
     // Every spin box of the table's rows from `firstRow` on shows 0.
     static void ClearTable(QTableWidget *table, int firstRow);
 

@@ -97,6 +97,9 @@ ICONS = {
               (ORANGE, rect(13, 11, 19, 21)), (ORANGE, [(8, 12), (24, 12), (16, 3)])],
     # a turning arrow: back to the start
     "Reset": [(BLUE, arc(16, 17, 11, 7, 60, 330)), (BLUE, [(20, 2), (29, 11), (18, 13)])],
+    # a thermometer: a measure of the temperature
+    "fetch": [(GREY, rect(12, 2, 20, 22)), (WHITE, rect(14, 4, 18, 21)), (GREY, arc(16, 24, 7, 0, 0, 360, 32)),
+              (RED, arc(16, 24, 5, 0, 0, 360, 32)), (RED, rect(15, 10, 17, 23))],
     # an arrow into a file: data comes from a file
     "import": page(13, 29) + [(BLUE, rect(2, 13, 14, 19)), (BLUE, [(12, 8), (21, 16), (12, 24)])],
     # an arrow out of a file: data goes to a file

@@ -12,12 +12,6 @@ namespace {
 const char *const kTitle = "AFC Control";
 const CCalDataDockWidget::SOutcome kAfcUpload{"Read data from target successfully.", "Read data from target failed.",
                                               "Upload data from flash failed"};
-const CCalDataDockWidget::SOutcome kAfcLoad{"Import data from file successfully.", "Import data from file failed.",
-                                            "Import data from file failed"};
-const CCalDataDockWidget::SOutcome kAfcDownload{"Write data to target successfully.", "Write data to target failed.",
-                                                "Write data to target failed"};
-const CCalDataDockWidget::SOutcome kAfcSave{"Export data to file successfully.", "Export data to file failed.",
-                                            "Export data to file failed"};
 
 // A decimal integer kept in 16 bits and taken as signed.
 int16_t SignedWord(const QString &text) { return int16_t(uint16_t(text.toLongLong(nullptr, 10))); }
@@ -197,17 +191,17 @@ void CTdscdmaAfcDockWidget::Slot_AfcUploadFromFlashDone(SEachItemOperationResult
 void CTdscdmaAfcDockWidget::Slot_AfcLoadFromFileDone(SEachItemOperationResult result, std::string resultDataModel)
 {
     Closing(&CTdscdmaRadbenchCore::Signal_AfcLoadFromFileDone, &CTdscdmaAfcDockWidget::Slot_AfcLoadFromFileDone);
-    ShowReadOutcome(kAfcLoad, result, resultDataModel);
+    ShowReadOutcome(kTestPageLoad, result, resultDataModel);
 }
 
 void CTdscdmaAfcDockWidget::Slot_AfcDownloadToFlashDone(SEachItemOperationResult result)
 {
     Closing(&CTdscdmaRadbenchCore::Signal_AfcDownloadToFlashDone, &CTdscdmaAfcDockWidget::Slot_AfcDownloadToFlashDone);
-    ShowOutcome(kAfcDownload, result);
+    ShowOutcome(kTestPageDownload, result);
 }
 
 void CTdscdmaAfcDockWidget::Slot_AfcSaveToFileDone(SEachItemOperationResult result)
 {
     Closing(&CTdscdmaRadbenchCore::Signal_AfcSaveToFileDone, &CTdscdmaAfcDockWidget::Slot_AfcSaveToFileDone);
-    ShowOutcome(kAfcSave, result);
+    ShowOutcome(kTestPageSave, result);
 }
