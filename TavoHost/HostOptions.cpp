@@ -28,7 +28,8 @@ CHostOptions::CHostOptions()
       m_pressOption(QStringLiteral("press"),
                     QStringLiteral("With --page: press the page's button of object name <button> and take the "
                                    "picture once the tool's status line tells the outcome, for example "
-                                   "--page \"TPC Profile\" --press m_btnUpload."),
+                                   "--page \"TPC Profile\" --press m_btnUpload. Given more than once, the "
+                                   "buttons are pressed in that order, each after the last one's outcome."),
                     QStringLiteral("button")),
       m_traceOption(QStringLiteral("trace"),
                     QStringLiteral("Print the tool's debug trace too (without it only warnings and failures are "
@@ -66,7 +67,7 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
     screenshotFile = m_parser.value(m_screenshotOption);
     nvramFile = m_parser.value(m_nvramOption);
     page = m_parser.value(m_pageOption);
-    press = m_parser.value(m_pressOption);
+    press = m_parser.values(m_pressOption);
     trace = m_parser.isSet(m_traceOption);
 
     bool ok = false;
@@ -88,7 +89,7 @@ CHostOptions::Outcome CHostOptions::Parse(const QStringList &arguments)
         m_error = QStringLiteral("--nvram wants a file name");
         return Outcome::Error;
     }
-    if (m_parser.isSet(m_pressOption) && (press.isEmpty() || page.isEmpty())) {
+    if (m_parser.isSet(m_pressOption) && (press.contains(QString()) || page.isEmpty())) {
         m_error = QStringLiteral("--press wants a button's object name and --page");
         return Outcome::Error;
     }

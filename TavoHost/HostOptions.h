@@ -21,7 +21,7 @@ public:
     QString profile = QStringLiteral("default");
     QString screenshotFile; /* empty: interactive */
     QString page;           /* with --screenshot: the page to bring to the front */
-    QString press;          /* with --page: the page's button to press before the picture */
+    QStringList press;      /* with --page: the page's buttons to press, in order, before the picture */
     QString nvramFile;      /* empty: the target's NVRAM lives as long as the host */
     int timeoutSec = 60;
     bool trace = false;     /* let the tool's debug trace through */

@@ -97,8 +97,7 @@ void CScreenshotSession::Save(QWidget *toolWindow)
 
 void CScreenshotSession::Press(QWidget *toolWindow)
 {
-    const QString name = m_press;
-    m_press.clear();
+    const QString name = m_press.takeFirst();
     auto *button = m_shownPage ? m_shownPage->findChild<QAbstractButton *>(name) : nullptr;
     auto *status = toolWindow->findChild<QStatusBar *>();
     if (!button || !status) {

@@ -5,6 +5,7 @@
  */
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 
 class QWidget;
 class CPluginHost;
@@ -21,9 +22,10 @@ public:
     void SetIgnoredWindow(QWidget *window) { m_ignored = window; }
     /* The page (a dock widget by its title) to bring to the front first. */
     void SetPage(const QString &title) { m_page = title; }
-    /* A button of that page (by object name) to press first; the picture is
-     * taken once the tool's status line has changed. */
-    void SetPress(const QString &button) { m_press = button; }
+    /* Buttons of that page (by object name) to press first, in order, each
+     * once the status line has told the last one's outcome; the picture is
+     * taken once it has told the last. */
+    void SetPress(const QStringList &buttons) { m_press = buttons; }
     /* Launches the tool. Signal_Finished follows, once, from the event loop. */
     void Start();
 
@@ -43,6 +45,6 @@ private:
     QPointer<QWidget> m_ignored;
     CToolReadiness *m_readiness = nullptr;
     QString m_page;
-    QString m_press;
+    QStringList m_press;
     QPointer<QWidget> m_shownPage;
 };
