@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "CommandCatalog.h"
+#include "Radio.h"
 
 namespace TavoSim {
 
@@ -205,10 +206,7 @@ double SimTarget::measureFrequencyError()
     std::lock_guard<std::mutex> lock(m_mutex);
     if (m_state.radio.activity != RadioState::Afc)
         return std::numeric_limits<double>::quiet_NaN();
-    // Each measure its own noise, the same on every run: a hash of its number.
-    quint32 h = ++m_state.frequencyMeasures * 2654435761u;
-    h ^= h >> 15;
-    const double noise = m_profile.crystalNoise * (double(h % 20001) / 10000.0 - 1.0);
+    const double noise = m_profile.crystalNoise * Radio::noise(++m_state.frequencyMeasures);
     const double megahertz = m_state.radio.uarfcn / 5.0;
     return m_profile.crystalSlope * megahertz / 900.0 * (m_state.radio.afcDac - m_profile.crystalOnFrequencyDac) + noise;
 }
