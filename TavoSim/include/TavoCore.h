@@ -147,11 +147,12 @@ enum {
 /* `count` measures of ADC `channel`, added up. */
 TAVO_API TAVO_RESULT TAVO_MISC_GetADCMeasureSum_r(int handle, uint32_t timeoutMs, uint8_t channel, uint16_t count,
                                                  TavoAdcMeasureSum *answer);
-/* One measure of the temperature ADC channel. */
+/* One measure of the temperature ADC channel. Having no status byte, it
+ * answers TAVO_ERR_BUSY while the sensor has not settled. */
 TAVO_API TAVO_RESULT TAVO_MISC_GetADCValue_r(int handle, uint32_t timeoutMs, uint16_t *value);
 
 /* Answer of the RF temperature measure. status: 1 when `sum` holds the sum of
- * the measures, 0 when the layer could not measure. */
+ * the measures, 0 when the layer could not measure (`sum` 0 then). */
 typedef struct {
     uint8_t status;
     uint32_t sum;

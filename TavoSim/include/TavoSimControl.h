@@ -150,6 +150,18 @@ TAVO_API QString RadioActivity();
  * no AFC test runs. */
 TAVO_API double FrequencyError();
 
+/* The target's temperature now, in degrees Celsius. It follows the profile's
+ * "tadc" section: the ambient "temperature"; while the radio transmits
+ * (continuous TX, DPCH TX, the AFC test) a rise of "heating" degrees per
+ * second of wall time, up to "maxRise"; otherwise a fall back toward ambient
+ * at the same rate. Power-on (Reset, a profile load) is at ambient. */
+TAVO_API double Temperature();
+/* The ADC value the sensor gives for Temperature() without noise: the
+ * profile's "adcTable" of [degrees, ADC] points, linear between them, the
+ * end values beyond them. Each measure of the temperature ADC calls adds its
+ * own noise within +-"noise" steps to it. */
+TAVO_API quint16 TemperatureAdc();
+
 /* A baseband register as the target holds it now. */
 TAVO_API quint16 Register(quint16 address);
 

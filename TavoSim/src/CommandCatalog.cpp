@@ -1,5 +1,7 @@
 #include "CommandCatalog.h"
 
+#include <QtEndian>
+
 #include "TargetProfile.h"
 
 namespace TavoSim::CommandCatalog {
@@ -26,6 +28,12 @@ bool pathlossCommands(const TargetProfile &p, bool v3)
     constexpr quint32 kPathlossV3 = 1u << 9;
     return p.hasTdscdma && p.rfCapabilityValue(TargetProfile::kNvramVersionOffset).has_value() &&
            ((p.capabilityFlags & kPathlossV3) != 0) == v3;
+}
+
+/* A bit of the GSM Ex2 word: 14 the TADC measure sum, 15 the single read. */
+bool gsmEx2Bit(const TargetProfile &p, int bit)
+{
+    return p.hasGsmEx2 && (qFromLittleEndian<quint32>(p.gsmEx2Record.constData()) & (1u << bit)) != 0;
 }
 
 const Entry kCatalog[] = {
@@ -62,6 +70,9 @@ const Entry kCatalog[] = {
 
     /* Temperature ADC */
     {"TAVO_MISC_GetTADCChannelIndex_r", [](const TargetProfile &p) { return p.hasTadcChannel; }},
+    {"TAVO_MISC_GetADCMeasureSum_r", [](const TargetProfile &p) { return p.hasTadcChannel && gsmEx2Bit(p, 14); }},
+    {"TAVO_MISC_GetADCValue_r", [](const TargetProfile &p) { return p.hasTadcChannel && gsmEx2Bit(p, 15); }},
+    {"AST_GetRfTemperature_r", [](const TargetProfile &p) { return p.hasTdscdma; }},
 
     /* NVRAM transport: the plain commands reach a 3GPP modem's NVRAM, the
      * C2K ones a C2K modem's. */

@@ -162,6 +162,10 @@ QString RadioActivity()
 
 double FrequencyError() { return SimTarget::instance().measureFrequencyError(); }
 
+double Temperature() { return SimTarget::instance().temperature(); }
+
+quint16 TemperatureAdc() { return SimTarget::instance().temperatureAdc(); }
+
 quint16 Register(quint16 address)
 {
     return Radio::registerValue(SimTarget::instance().state(), address);

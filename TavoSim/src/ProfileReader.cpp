@@ -1,7 +1,5 @@
 #include "ProfileReader.h"
 
-#include <QJsonArray>
-
 #include <cmath>
 
 namespace TavoSim {
@@ -94,6 +92,18 @@ QString ProfileReader::string(const char *key, const QString &fallback)
         return fallback;
     }
     return v.toString();
+}
+
+std::optional<QJsonArray> ProfileReader::array(const char *key)
+{
+    if (isAbsent(key))
+        return std::nullopt;
+    const QJsonValue v = value(key);
+    if (!v.isArray()) {
+        fail(QLatin1String(key), QStringLiteral("expected an array"));
+        return std::nullopt;
+    }
+    return v.toArray();
 }
 
 std::optional<QStringList> ProfileReader::strings(const char *key)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QStringList>
@@ -47,6 +48,8 @@ public:
     /* A number within [min, max]; nullopt when absent or wrong. */
     std::optional<double> real(const char *key, double min, double max);
     QString string(const char *key, const QString &fallback = QString());
+    /* An array; nullopt when absent or wrong. */
+    std::optional<QJsonArray> array(const char *key);
     /* An array of strings; nullopt when absent or wrong. */
     std::optional<QStringList> strings(const char *key);
     /* A nested object; nullopt when absent or wrong. */

@@ -34,4 +34,11 @@ quint16 registerValue(const TargetState &state, quint16 address)
     return quint16((address * 0x9E37u) ^ 0x5A5Au);
 }
 
+double noise(quint32 n)
+{
+    quint32 h = n * 2654435761u;
+    h ^= h >> 15;
+    return double(h % 20001) / 10000.0 - 1.0;
+}
+
 } // namespace TavoSim::Radio

@@ -28,6 +28,11 @@ Measure measure(quint16 uarfcn, quint32 mode, quint8 gain, bool agcTracking);
 /* A register as the target holds it: what was written, else its reset value. */
 quint16 registerValue(const TargetState &state, quint16 address);
 
+/* The noise of the `n`-th measure of an instrument or sensor, within
+ * [-1, 1]: a hash of its number, so each measure draws its own and every
+ * run the same sequence. */
+double noise(quint32 n);
+
 } // namespace Radio
 
 } // namespace TavoSim

@@ -6,6 +6,8 @@
 #include <limits>
 
 #include "CommandCatalog.h"
+#include "Radio.h"
+#include "Thermal.h"
 
 namespace TavoSim {
 
@@ -59,6 +61,7 @@ void SimTarget::patchProfile(const TargetProfile &profile, const QStringList &re
                 (*lid)[i] = held->at(i);
         }
     }
+    Thermal::advance(m_profile, m_state); /* the heat so far, at the old profile's rate */
     m_profile = profile;
     m_state.nvram = records;
     if (armProfileFaults) {
@@ -205,12 +208,21 @@ double SimTarget::measureFrequencyError()
     std::lock_guard<std::mutex> lock(m_mutex);
     if (m_state.radio.activity != RadioState::Afc)
         return std::numeric_limits<double>::quiet_NaN();
-    // Each measure its own noise, the same on every run: a hash of its number.
-    quint32 h = ++m_state.frequencyMeasures * 2654435761u;
-    h ^= h >> 15;
-    const double noise = m_profile.crystalNoise * (double(h % 20001) / 10000.0 - 1.0);
+    const double noise = m_profile.crystalNoise * Radio::noise(++m_state.frequencyMeasures);
     const double megahertz = m_state.radio.uarfcn / 5.0;
     return m_profile.crystalSlope * megahertz / 900.0 * (m_state.radio.afcDac - m_profile.crystalOnFrequencyDac) + noise;
+}
+
+double SimTarget::temperature()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return Thermal::temperature(m_profile, m_state);
+}
+
+quint16 SimTarget::temperatureAdc()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return Thermal::adcWord(Thermal::adcAt(m_profile, Thermal::temperature(m_profile, m_state)));
 }
 
 bool SimTarget::setNvramFile(const QString &path, QString *error)

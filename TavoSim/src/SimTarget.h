@@ -77,6 +77,10 @@ public:
     /* The carrier's frequency error of the running AFC test, in Hz, as an
      * instrument measures it (see FrequencyError); NaN when none runs. */
     double measureFrequencyError();
+    /* The target's temperature now, in degrees Celsius, and the ADC value
+     * its sensor's table gives for it without noise (see Thermal). */
+    double temperature();
+    quint16 temperatureAdc();
 
     /* ---- NVRAM file ---- */
     /* Keeps the NVRAM's writes in `path` (empty: no longer), laying what the

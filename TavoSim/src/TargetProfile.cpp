@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QtEndian>
 
+#include <cmath>
 #include <limits>
 
 #include "CommandCatalog.h"
@@ -241,15 +242,47 @@ void readFdd(ProfileReader &top, TargetProfile &p)
     p.fddRfId = quint32(rfId.value_or(0));
 }
 
+/* "tadc.adcTable": [degrees, ADC] points by strictly rising temperature. */
+std::optional<QVector<QPointF>> readAdcTable(ProfileReader &tadc, const QJsonArray &table)
+{
+    if (table.size() < 2) {
+        tadc.fail(QStringLiteral("adcTable"), QStringLiteral("expected at least 2 points"));
+        return std::nullopt;
+    }
+    QVector<QPointF> points;
+    for (int i = 0; i < table.size(); ++i) {
+        const QJsonArray point = table.at(i).toArray();
+        const double adc = point.at(1).toDouble(-1);
+        const QString key = QStringLiteral("adcTable[%1]").arg(i);
+        if (point.size() != 2 || !point.at(0).isDouble() || std::floor(adc) != adc || adc < 0 || adc > kU16Max) {
+            tadc.fail(key, QStringLiteral("expected [degrees, ADC] with an integer ADC from 0 to 65535"));
+            return std::nullopt;
+        }
+        if (!points.isEmpty() && point.at(0).toDouble() <= points.last().x()) {
+            tadc.fail(key, QStringLiteral("temperatures must rise from point to point"));
+            return std::nullopt;
+        }
+        points << QPointF(point.at(0).toDouble(), adc);
+    }
+    return points;
+}
+
 void readTadc(ProfileReader &top, TargetProfile &p)
 {
     std::optional<ProfileReader> tadc = top.object("tadc");
     if (!tadc)
         return;
-    tadc->allowKeys({"channel"});
+    tadc->allowKeys({"channel", "temperature", "heating", "maxRise", "adcTable", "noise", "sensorReady"});
     const std::optional<qint64> channel = tadc->integer("channel", 0, 255);
     p.hasTadcChannel = channel.has_value();
     p.tadcChannel = quint8(channel.value_or(0));
+    p.ambientTemperature = tadc->real("temperature", -100, 200).value_or(p.ambientTemperature);
+    p.heatingRate = tadc->real("heating", 0, 1000).value_or(p.heatingRate);
+    p.maxTemperatureRise = tadc->real("maxRise", 0, 200).value_or(p.maxTemperatureRise);
+    p.adcNoise = int(tadc->integer("noise", 0, kU16Max).value_or(p.adcNoise));
+    p.sensorReady = tadc->boolean("sensorReady", p.sensorReady);
+    if (const std::optional<QJsonArray> table = tadc->array("adcTable"))
+        p.adcTable = readAdcTable(*tadc, *table).value_or(p.adcTable);
 }
 
 void readCrystal(ProfileReader &top, TargetProfile &p)

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QJsonObject>
+#include <QPointF>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -87,6 +88,18 @@ public:
     quint32 gsmRfId = 0;
     quint32 fddRfId = 0;
     quint8 tadcChannel = 0;
+    /* The temperature sensor behind the TADC channel (see Thermal): the
+     * ambient temperature in degrees Celsius, how fast the transmitter warms
+     * the target (degrees per second) and how far at most, the sensor's ADC
+     * over the temperature as (degrees, ADC) points by rising temperature,
+     * the spread of a measure in ADC steps, and whether the sensor has
+     * settled (it answers no measure until it has). */
+    double ambientTemperature = 25;
+    double heatingRate = 0.05;
+    double maxTemperatureRise = 15;
+    QVector<QPointF> adcTable = {{-30, 3300}, {0, 2750}, {25, 2200}, {60, 1450}, {100, 800}};
+    int adcNoise = 2;
+    bool sensorReady = true;
     /* The crystal behind the AFC test: the DAC at which it is on frequency,
      * its slope in Hz per DAC step at 900 MHz (it scales with the channel's
      * frequency) and the spread of a measured error around the line. */

@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QtGlobal>
 
+#include <chrono>
+
 #include "TargetNvram.h"
 
 namespace TavoSim {
@@ -49,6 +51,12 @@ struct TargetState
     RadioState radio;
     /* Frequency errors measured so far: each draws its own noise. */
     quint32 frequencyMeasures = 0;
+    /* How far the transmitter has warmed the target above its ambient
+     * temperature, as of `heatUpdated` (see Thermal). */
+    double temperatureRise = 0;
+    std::chrono::steady_clock::time_point heatUpdated = std::chrono::steady_clock::now();
+    /* Temperature ADC measures so far: each draws its own noise. */
+    quint32 adcMeasures = 0;
     /* Baseband registers written since power-on; others read their reset value. */
     QHash<quint16, quint16> registers;
 };

@@ -11,25 +11,34 @@
 #include "Radio.h"
 #include "TavoCore.h"
 #include "TargetCall.h"
+#include "Thermal.h"
 
 using namespace TavoSim;
 
 namespace {
 
-/* Starts `activity` on `uarfcn` unless the radio is busy. */
-TAVO_RESULT start(TargetState &state, RadioState::Activity activity, quint16 uarfcn)
+/* Every change of what the radio does passes here: the target's
+ * temperature is brought up to date under the activity that ends. */
+void setRadio(const TargetProfile &p, TargetState &state, const RadioState &radio)
+{
+    Thermal::advance(p, state);
+    state.radio = radio;
+}
+
+/* Starts the test `radio` unless the radio is busy. */
+TAVO_RESULT start(const TargetProfile &p, TargetState &state, const RadioState &radio)
 {
     if (state.radio.activity != RadioState::Idle)
         return TAVO_ERR_BUSY;
-    state.radio = RadioState{activity, uarfcn};
+    setRadio(p, state, radio);
     return TAVO_OK;
 }
 
 /* Ends `activity`; harmless when it does not run. Another test is not touched. */
-TAVO_RESULT stop(TargetState &state, RadioState::Activity activity)
+TAVO_RESULT stop(const TargetProfile &p, TargetState &state, RadioState::Activity activity)
 {
     if (state.radio.activity == activity)
-        state.radio = RadioState();
+        setRadio(p, state, RadioState());
     return TAVO_OK;
 }
 
@@ -37,8 +46,8 @@ TAVO_RESULT continuous(const char *call, RadioState::Activity activity, int hand
                        uint16_t uarfcn, uint8_t on)
 {
     return TargetCall(call, handle, timeoutMs, {Input("uarfcn", uarfcn), Input("on", on)})
-        .run(on <= 1, [&](const TargetProfile &, TargetState &state) {
-            return on ? start(state, activity, uarfcn) : stop(state, activity);
+        .run(on <= 1, [&](const TargetProfile &p, TargetState &state) {
+            return on ? start(p, state, {activity, uarfcn}) : stop(p, state, activity);
         });
 }
 
@@ -101,8 +110,8 @@ TAVO_RESULT AST_CAL_apc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn,
 {
     return TargetCall("AST_CAL_apc_start_r", handle, timeoutMs,
                       apcInputs(uarfcn, afcDac, paMode, apcData, directionMask, modulationMask))
-        .run(paMode <= 2, [&](const TargetProfile &, TargetState &state) {
-            return start(state, RadioState::DpchTx, uarfcn);
+        .run(paMode <= 2, [&](const TargetProfile &p, TargetState &state) {
+            return start(p, state, {RadioState::DpchTx, uarfcn});
         });
 }
 
@@ -113,8 +122,8 @@ TAVO_RESULT AST_CAL_apc_start_ex_r(int handle, uint32_t timeoutMs, uint16_t uarf
     QStringList inputs = apcInputs(uarfcn, afcDac, paMode, apcData, directionMask, modulationMask);
     inputs << Input("fixPowerFlag", fixPowerFlag) << Input("wantedPower", wantedPower);
     return TargetCall("AST_CAL_apc_start_ex_r", handle, timeoutMs, inputs)
-        .run(paMode <= 2 && fixPowerFlag <= 1, [&](const TargetProfile &, TargetState &state) {
-            return start(state, RadioState::DpchTx, uarfcn);
+        .run(paMode <= 2 && fixPowerFlag <= 1, [&](const TargetProfile &p, TargetState &state) {
+            return start(p, state, {RadioState::DpchTx, uarfcn});
         });
 }
 
@@ -139,18 +148,15 @@ TAVO_RESULT AST_CAL_afc_start_r(int handle, uint32_t timeoutMs, uint16_t uarfcn,
     return TargetCall("AST_CAL_afc_start_r", handle, timeoutMs,
                       {Input("uarfcn", uarfcn), Input("afcDac", afcDac), Input("paMode", paMode),
                        Input("afcData", afcData), Input("capId", capId)})
-        .run(paMode <= 2, [&](const TargetProfile &, TargetState &state) {
-            const TAVO_RESULT result = start(state, RadioState::Afc, uarfcn);
-            if (result == TAVO_OK)
-                state.radio.afcDac = afcDac;
-            return result;
+        .run(paMode <= 2, [&](const TargetProfile &p, TargetState &state) {
+            return start(p, state, {RadioState::Afc, uarfcn, afcDac});
         });
 }
 
 TAVO_RESULT AST_CAL_stop_r(int handle, uint32_t timeoutMs)
 {
-    return TargetCall("AST_CAL_stop_r", handle, timeoutMs).run(true, [](const TargetProfile &, TargetState &state) {
-        state.radio = RadioState();
+    return TargetCall("AST_CAL_stop_r", handle, timeoutMs).run(true, [](const TargetProfile &p, TargetState &state) {
+        setRadio(p, state, RadioState());
         return TAVO_RESULT(TAVO_OK);
     });
 }

@@ -1,11 +1,13 @@
 /* The simulated target where the plug-in's tests do not look: refused calls,
  * profile files, faults, latencies, the call log, result texts, concurrent
- * use and the radio's one test at a time. The fields themselves are read
- * through the plug-in, for every built-in profile, by tests/Controller/tst_Capability. */
+ * use, the radio's one test at a time, and the temperature and its ADC. The
+ * fields themselves are read through the plug-in, for every built-in
+ * profile, by tests/Controller/tst_Capability. */
 
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QtTest>
 
 #include <atomic>
@@ -116,6 +118,10 @@ private slots:
             << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"count": 0}},
                               "records": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"capId": 1}}}})")
             << "nvram.records.NVRAM_EF_AST_TL1_CAP_DATA_LID: not a LID of the target's NVRAM";
+        QTest::newRow("ADC table not rising") << QByteArray(R"({"tadc": {"adcTable": [[0, 100], [0, 90]]}})")
+                                              << "tadc.adcTable[1]: temperatures must rise";
+        QTest::newRow("ADC beyond 16 bits") << QByteArray(R"({"tadc": {"adcTable": [[0, 65536], [9, 0]]}})")
+                                            << "tadc.adcTable[0]: expected [degrees, ADC]";
     }
     /* A profile file is named after the file; what it leaves out is absent. A
      * profile that does not load leaves the current one, its state and its
@@ -383,6 +389,122 @@ private slots:
         uint8_t used = 0;
         QCOMPARE(AST_CAL_agc_ex_r(0, 10000, 9550, 4096, 0, 0, 1, &rssi, &dsp, &used), TAVO_OK);
         QCOMPARE(QString("%1/%2").arg(rssi).arg(used), QString("-584/63")); // -73 dBm arrive on 9550
+    }
+
+    void temperatureAdc_data()
+    {
+        QTest::addColumn<QJsonObject>("tadc"); /* over the default's: channel 3, noise 2 */
+        QTest::addColumn<int>("adc");          /* without noise */
+        QTest::newRow("25 degrees") << QJsonObject() << 2200;
+        QTest::newRow("between points") << QJsonObject{{"temperature", 40}} << 1879;
+        QTest::newRow("below the table") << QJsonObject{{"temperature", -40}} << 3300;
+        QTest::newRow("above the table") << QJsonObject{{"temperature", 150}} << 800;
+        const QJsonArray ownTable{QJsonArray{0, 100}, QJsonArray{50, 4100}};
+        QTest::newRow("own table, no noise")
+            << QJsonObject{{"temperature", 10}, {"noise", 0}, {"adcTable", ownTable}} << 900;
+    }
+    /* Each measure is the table's value off by a noise of its own, which runs
+     * the same again after a reset; a sum of n is within n noises of n values. */
+    void temperatureAdc()
+    {
+        QFETCH(QJsonObject, tadc);
+        QFETCH(int, adc);
+        QVERIFY(TavoSim::PatchProfile({{"tadc", tadc}}, TavoSim::Patch::Reset));
+        QCOMPARE(int(TavoSim::TemperatureAdc()), adc);
+        const int noise = tadc.value("noise").toInt(2);
+        QList<int> values;
+        for (uint16_t v = 0; values.size() < 8 && TAVO_MISC_GetADCValue_r(0, 10000, &v) == TAVO_OK;)
+            values << v;
+        QCOMPARE(values.size(), 8);
+        for (int v : values)
+            QVERIFY2(qAbs(v - adc) <= noise, qPrintable(QString::number(v)));
+        QCOMPARE(values.count(values.first()) < values.size(), noise > 0);
+        TavoAdcMeasureSum sum{};
+        TavoRfTemperature rf{};
+        QCOMPARE(TAVO_MISC_GetADCMeasureSum_r(0, 10000, 3, 100, &sum), TAVO_OK);
+        QCOMPARE(AST_GetRfTemperature_r(0, 10000, 100, &rf), TAVO_OK);
+        QCOMPARE(QString("%1 %2").arg(sum.status).arg(rf.status), QString("0 1"));
+        for (const qint64 total : {qint64(sum.sum), qint64(rf.sum)})
+            QVERIFY2(qAbs(total - 100 * adc) <= 100 * noise, qPrintable(QString::number(total)));
+        TavoSim::Reset();
+        uint16_t first = 0;
+        QVERIFY(TAVO_MISC_GetADCValue_r(0, 10000, &first) == TAVO_OK && first == values.first());
+    }
+
+    void temperatureAnswers_data()
+    {
+        QTest::addColumn<QJsonObject>("patch");
+        QTest::addColumn<int>("channel");
+        QTest::addColumn<int>("count");
+        /* result/status/sum of the ADC sum, the same of the RF temperature,
+         * result/value of the single read; 7 is left untouched, n a measure */
+        QTest::addColumn<QString>("answers");
+        const QJsonObject noEx2{
+            {"gsm", QJsonObject{{"ex2", QJsonObject{{"tadcMeasureSum", false}, {"tadcSingleRead", false}}}}}};
+        QTest::newRow("another channel") << QJsonObject() << 4 << 5 << "0/1/0 0/1/n 0/n";
+        QTest::newRow("count 0") << QJsonObject() << 3 << 0 << "0/0/0 0/0/0 0/n";
+        QTest::newRow("sensor not ready") << QJsonObject{{"tadc", QJsonObject{{"sensorReady", false}}}} << 3 << 5
+                                          << "0/2/0 0/0/0 6/7";
+        QTest::newRow("no Ex2 bits") << noEx2 << 3 << 5 << "3/7/7 0/1/n 3/7";
+        QTest::newRow("no tdscdma") << QJsonObject{{"tdscdma", QJsonValue()}} << 3 << 5 << "0/0/n 3/7/7 0/n";
+        QTest::newRow("faults") << QJsonObject{{"faults", QJsonArray{QJsonObject{{"call", "*"}}}}} << 3 << 5
+                                << "1/7/7 1/7/7 1/7";
+    }
+    void temperatureAnswers()
+    {
+        QFETCH(QJsonObject, patch);
+        QFETCH(int, channel);
+        QFETCH(int, count);
+        QVERIFY(TavoSim::PatchProfile(patch));
+        TavoAdcMeasureSum sum{7, 7};
+        TavoRfTemperature rf{7, 7};
+        uint16_t value = 7;
+        const TAVO_RESULT sumResult = TAVO_MISC_GetADCMeasureSum_r(0, 10000, uint8_t(channel), uint16_t(count), &sum);
+        const TAVO_RESULT rfResult = AST_GetRfTemperature_r(0, 10000, uint16_t(count), &rf);
+        const TAVO_RESULT readResult = TAVO_MISC_GetADCValue_r(0, 10000, &value);
+        const auto shown = [](quint32 x) { return x > 7 ? QString("n") : QString::number(x); };
+        QTEST(QString("%1/%2/%3 %4/%5/%6 %7/%8")
+                  .arg(sumResult).arg(sum.status).arg(shown(sum.sum))
+                  .arg(rfResult).arg(rf.status).arg(shown(rf.sum))
+                  .arg(readResult).arg(shown(value)),
+              "answers");
+    }
+
+    void heatOfTheTransmitter_data()
+    {
+        QTest::addColumn<Call>("start");
+        QTest::addColumn<double>("heating"); /* degrees per second, up to 10 above 25 */
+        QTest::addColumn<bool>("heats");
+        QTest::newRow("continuous TX, slowly") << Call([](char *) { return AST_RFTEST_TXOn_r(0, 10000, 9550, 1); })
+                                               << 20.0 << true;
+        QTest::newRow("DPCH") << Call([](char *) { return AST_CAL_apc_start_r(0, 10000, 9550, 4096, 0, 9, 0, 0); })
+                              << 200.0 << true;
+        QTest::newRow("AFC") << Call([](char *) { return AST_CAL_afc_start_r(0, 10000, 9550, 4096, 0, 0, 0); })
+                             << 200.0 << true;
+        QTest::newRow("RX") << Call([](char *) { return AST_RFTEST_RXOn_r(0, 10000, 9550, 1); }) << 200.0 << false;
+    }
+    /* While the radio transmits the target warms at its rate up to its
+     * ceiling, and the ADC falls; after the stop it cools back to ambient. */
+    void heatOfTheTransmitter()
+    {
+        QFETCH(Call, start);
+        QFETCH(double, heating);
+        QFETCH(bool, heats);
+        QVERIFY(TavoSim::PatchProfile({{"tadc", QJsonObject{{"heating", heating}, {"maxRise", 10}}}},
+                                      TavoSim::Patch::Reset));
+        QThread::msleep(50); /* idle: no heat */
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(start(nullptr), TAVO_OK);
+        QThread::msleep(100);
+        const double rise = TavoSim::Temperature() - 25;
+        const double most = heats ? qMin(10.0, heating * timer.nsecsElapsed() / 1e9) : 0;
+        QVERIFY2(rise >= qMin(most, heating / 10) - 1e-9 && rise <= most + 1e-9, qPrintable(QString::number(rise)));
+        QCOMPARE(TavoSim::TemperatureAdc() < 2200, heats);
+        QThread::msleep(50);
+        QCOMPARE(AST_CAL_stop_r(0, 10000), TAVO_OK);
+        QVERIFY(TavoSim::Temperature() - 25 > rise - 1); /* the heat up to the stop counts */
+        QTRY_COMPARE(TavoSim::Temperature(), 25.0);
     }
 
 private:
