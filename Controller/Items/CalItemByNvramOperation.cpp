@@ -37,12 +37,20 @@ uint32_t ICalItemByNvramOperation::DownloadNvramRecords(bool isDataValid, const 
     TAVO_RESULT result = PrepareNvramBuffers();
     if (result != TAVO_OK)
         return FailWithTavoResult(ERROR_CODE_NVRAM_DB_BUFFER, result);
+
+    // The records as the target holds them now: what the tool does not
+    // know of a record (fields it has no value for, another target's bytes
+    // from an earlier upload) stays the target's own.
+    CNvramBatch batch;
+    collect(batch);
+    result = m_nvramMan.ReadNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),
+                                  batch.m_buffers.data());
+    if (result != TAVO_OK)
+        return FailWithTavoResult(ERROR_CODE_TAVO_COMMAND_FAILED, result);
+
     result = ComposeNvramData();
     if (result != TAVO_OK)
         return FailWithTavoResult(ERROR_CODE_NVRAM_COMPOSE, result);
-
-    CNvramBatch batch;
-    collect(batch);
     result = m_nvramMan.WriteNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(),
                                    batch.m_sizes.data(), batch.m_buffers.data());
     if (result != TAVO_OK)

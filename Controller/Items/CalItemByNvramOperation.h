@@ -62,9 +62,11 @@ protected:
     // that `collect` names once the buffers stand, ReadNvram (else 3),
     // DecomposeNvramData (else 101). 0 when all went well.
     uint32_t UploadNvramRecords(const BatchBuilder &collect);
-    // The steps of a download: 2 unless `isDataValid`,
-    // then PrepareNvramBuffers (else 100), ComposeNvramData (else 102), the
-    // records `collect` names, WriteNvram (else 3).
+    // The steps of a download: 2 unless `isDataValid`, then
+    // PrepareNvramBuffers (else 100), the records `collect` names read
+    // afresh from the target (ReadNvram, else 3), ComposeNvramData over
+    // them (else 102), WriteNvram (else 3). Fields the item does not
+    // decode keep the target's values.
     uint32_t DownloadNvramRecords(bool isDataValid, const BatchBuilder &collect);
 
     CRfChipIdRecorder m_rfChipIdRecorder;

@@ -257,6 +257,9 @@ private slots:
         QTest::newRow("record write of band 3") << "records" << "download" << "TAVO_NVRAM_Write_r"
                                                 << QStringList{"lid=NVRAM_EF_AST_TL1_TXDAC_BAND38_LID"} << 3 << busy
                                                 << kBands << 3;
+        QTest::newRow("record read before the write") << "records" << "download" << "TAVO_NVRAM_Read_r"
+                                                      << QStringList{"lid=NVRAM_EF_AST_TL1_TXDAC_BAND38_LID"} << 3
+                                                      << busy << kBands << 0;
         QTest::newRow("compose") << "records" << "download" << "TAVO_NVRAM_ComposeTxClpc" << QStringList() << 102
                                  << busy << kBands << 0;
         QTest::newRow("command read of band 2") << "commands" << "upload" << "AST_Tavo_NVRAM_TX_Read_r"
