@@ -48,7 +48,7 @@ private slots:
 
         CTdscdmaTadc item;
         QCOMPARE(int(item.UploadFromFlash()), 0);
-        QCOMPARE(Values(item.GetAdcTable()), (QList<int>{180, 330, 480, 630, 780, 930, 1080, 1230}));
+        QCOMPARE(Values(item.GetAdcTable()), (QList<int>{3117, 2842, 2530, 2200, 1879, 1557, 1288, 1044}));
         {
             TIniFile file(path);
             QCOMPARE(int(item.WriteToFile(&file)), 0);

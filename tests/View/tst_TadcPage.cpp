@@ -125,11 +125,11 @@ private slots:
         const QString file = dir.filePath("tadc.ini");
         const QByteArray record = TavoSim::NvramRecord(kLid);
         QVERIFY(m_tool.Press(m_page, "m_btnUploadFromFlash", "Read data from target successfully."));
-        QCOMPARE(Adc(m_page, 7)->value(), 1230);
+        QCOMPARE(Adc(m_page, 7)->value(), 1044);
         ModalBoxCatcher dialogs;
         dialogs.AnswerFileDialogs({file});
         QVERIFY(m_tool.Press(m_page, "m_btnSaveToFile", "Export data to file successfully."));
-        QVERIFY(TestFiles::Read(file).contains("ADC7 = 1230"));
+        QVERIFY(TestFiles::Read(file).contains("ADC7 = 1044"));
 
         for (int i = 0; i < 8; ++i)
             Adc(m_page, i)->setValue(7);
@@ -137,7 +137,7 @@ private slots:
         QVERIFY(TavoSim::NvramRecord(kLid) != record);
         dialogs.AnswerFileDialogs({file});
         QVERIFY(m_tool.Press(m_page, "m_btnLoadFromFile", "Import data from file successfully."));
-        QCOMPARE(Adc(m_page, 7)->value(), 1230);
+        QCOMPARE(Adc(m_page, 7)->value(), 1044);
         QVERIFY(m_tool.Press(m_page, "m_btnDownloadToFlash", "Write data to target successfully."));
         QCOMPARE(TavoSim::NvramRecord(kLid), record);
     }
