@@ -447,8 +447,6 @@ private slots:
                                           << "0/2/0 0/0/0 6/7";
         QTest::newRow("no Ex2 bits") << noEx2 << 3 << 5 << "3/7/7 0/1/n 3/7";
         QTest::newRow("no tdscdma") << QJsonObject{{"tdscdma", QJsonValue()}} << 3 << 5 << "0/0/n 3/7/7 0/n";
-        QTest::newRow("faults") << QJsonObject{{"faults", QJsonArray{QJsonObject{{"call", "*"}}}}} << 3 << 5
-                                << "1/7/7 1/7/7 1/7";
     }
     void temperatureAnswers()
     {
