@@ -16,28 +16,12 @@
 // The plug-in as the host sees it, loaded from its file, through its
 // interface only; and its test pages as a user drives them: the real window
 // on a simulated target, the real widgets clicked and typed into.
-class TestTestPages : public QObject {
+class TestTestPages : public ToolSuite {
     Q_OBJECT
+public:
+    TestTestPages() : ToolSuite(RADBENCH_PLUGIN_PATH) {}
+
 private slots:
-    void initTestCase()
-    {
-        QString error;
-        QVERIFY2(m_tool.Load(&error), qPrintable(error));
-        m_plugin = m_tool.Plugin();
-    }
-
-    void cleanupTestCase()
-    {
-        QVERIFY(m_tool.Unload());
-    }
-
-    void init() { m_plugin->ResetPlugin(); }
-    void cleanup()
-    {
-        m_plugin->HideTool();
-        TavoSim::Reset();
-    }
-
     void launchRequirement_data()
     {
         QTest::addColumn<QString>("profile");
@@ -53,7 +37,7 @@ private slots:
     {
         QFETCH(QString, profile);
         QVERIFY(TavoSim::LoadProfile(profile));
-        const SPluginToolLaunchRequirement answer = m_plugin->QueryLaunchRequirement();
+        const SPluginToolLaunchRequirement answer = m_tool.Plugin()->QueryLaunchRequirement();
         QTEST(answer.isSupport, "isSupport");
         QTEST(answer.unsupportReason, "unsupportReason");
         QTEST(answer.isNeedDb, "isNeedDb");
@@ -66,21 +50,21 @@ private slots:
     {
         QVERIFY(TavoSim::LoadProfile("default"));
         QSignalSpy activated(m_tool.Instance(), SIGNAL(Signal_PluginIsActivated(QString, bool)));
-        m_plugin->ShowTool();
+        m_tool.Plugin()->ShowTool();
         QWidget *window = ToolSession::FindWindow();
         QVERIFY(window && window->isVisible());
         QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 9);
-        m_plugin->HideTool();
+        m_tool.Plugin()->HideTool();
         QVERIFY(!window->isVisible());
         QCOMPARE(activated.count(), 2);
         QCOMPARE(activated.at(0), (QVariantList{"TDSCDMA Radbench", true}));
         QCOMPARE(activated.at(1), (QVariantList{"TDSCDMA Radbench", false}));
 
-        m_plugin->ResetPlugin();
+        m_tool.Plugin()->ResetPlugin();
         QVERIFY(window->findChildren<QDockWidget *>().isEmpty());
         QVERIFY(TavoSim::LoadProfile("modern-l1"));
-        QVERIFY(m_plugin->QueryLaunchRequirement().isSupport);
-        m_plugin->ShowTool();
+        QVERIFY(m_tool.Plugin()->QueryLaunchRequirement().isSupport);
+        m_tool.Plugin()->ShowTool();
         QTRY_VERIFY(window->isEnabled() && window->findChildren<QDockWidget *>().size() == 8);
     }
 
@@ -215,9 +199,9 @@ private slots:
         // The host locks the pages against new operations and releases them.
         auto *start = Find<QToolButton>(dock, "m_start");
         auto *read = Find<QToolButton>(ShowPage("CTdscdmaBBRegDockWidget"), "m_btnRegRead");
-        m_plugin->DisablePages();
+        m_tool.Plugin()->DisablePages();
         QVERIFY(!start->isEnabledTo(dock) && !read->isEnabledTo(read->window()));
-        m_plugin->EnablePages();
+        m_tool.Plugin()->EnablePages();
         QVERIFY(start->isEnabledTo(dock) && read->isEnabledTo(read->window()));
         QVERIFY(!Find<QToolButton>(dock, "m_stop")->isEnabledTo(dock));
     }
@@ -261,9 +245,6 @@ private:
         return ToolSession::Find<W>(page, name);
     }
     QString Status() const { return m_tool.Status(); }
-
-    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
-    TavoPluginInterface *m_plugin = nullptr;
 };
 
 QTEST_MAIN(TestTestPages)

@@ -72,3 +72,19 @@ bool ToolSession::Press(QWidget *page, const QString &button, const QString &sta
     QTest::mouseClick(Find<QAbstractButton>(page, button), Qt::LeftButton);
     return QTest::qWaitFor([this, &status] { return Status() == status; }, 10000);
 }
+
+void ToolSuite::initTestCase()
+{
+    QString error;
+    QVERIFY2(m_tool.Load(&error), qPrintable(error));
+}
+
+void ToolSuite::cleanupTestCase() { QVERIFY(m_tool.Unload()); }
+
+void ToolSuite::init() { m_tool.Plugin()->ResetPlugin(); }
+
+void ToolSuite::cleanup()
+{
+    m_tool.Plugin()->HideTool();
+    TavoSim::Reset();
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QObject>
 #include <QPluginLoader>
 #include <QSignalSpy>
 #include <QString>
@@ -55,4 +56,26 @@ private:
     TavoPluginInterface *m_plugin = nullptr;
     QWidget *m_window = nullptr;
     std::unique_ptr<QSignalSpy> m_busy;
+};
+
+// A suite of GUI tests on one session: the plug-in loaded for the suite,
+// reset before each test, hidden after it with the target at power-on.
+class ToolSuite : public QObject {
+    Q_OBJECT
+protected:
+    explicit ToolSuite(const QString &pluginPath) : m_tool(pluginPath) {}
+
+    // The tool opened on `profile` with the page of class `page` in front.
+    QDockWidget *OpenPage(const QString &page, const QString &profile = "default")
+    {
+        return m_tool.Open(profile) ? m_tool.ShowPage(page) : nullptr;
+    }
+
+    ToolSession m_tool;
+
+protected slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
 };

@@ -10,7 +10,6 @@
 #include <cmath>
 
 #include "ModalBoxCatcher.h"
-#include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
 #include "ToolSession.h"
 
@@ -42,26 +41,17 @@ TavoAfcRecord TargetAfc()
 
 // The AFC page as a user drives it on the simulated target: the AFC test's
 // states, the calculator, and the AFC data between page and target.
-class TestAfcPage : public QObject {
+class TestAfcPage : public ToolSuite {
     Q_OBJECT
+public:
+    TestAfcPage() : ToolSuite(RADBENCH_PLUGIN_PATH) {}
+
 private slots:
-    void initTestCase()
-    {
-        QString error;
-        QVERIFY2(m_tool.Load(&error), qPrintable(error));
-    }
-    void cleanupTestCase() { QVERIFY(m_tool.Unload()); }
     void init()
     {
-        m_tool.Plugin()->ResetPlugin();
-        QVERIFY(m_tool.Open());
-        m_page = m_tool.ShowPage("CTdscdmaAfcDockWidget");
+        ToolSuite::init();
+        m_page = OpenPage("CTdscdmaAfcDockWidget");
         QVERIFY(m_page);
-    }
-    void cleanup()
-    {
-        m_tool.Plugin()->HideTool();
-        TavoSim::Reset();
     }
 
     // Idle, running with only the stop in reach, idle again; a failed stop
@@ -183,7 +173,6 @@ private slots:
     }
 
 private:
-    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
     QDockWidget *m_page = nullptr;
 };
 

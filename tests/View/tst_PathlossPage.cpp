@@ -11,13 +11,13 @@
 
 #include "ModalBoxCatcher.h"
 #include "NvramRecords.h"
-#include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
 #include "ToolSession.h"
 
 namespace {
 
 constexpr int kBands = 5;
+const char *const kPage = "CTdscdmaPathlossDockWidget";
 const char *const kSubbandTable = "calDataIf_data_group1_memberProperty_uarfcn";
 const char *const kTemperatureTable = "calDataIf_data_group2_memberProperty_loss0";
 
@@ -75,22 +75,12 @@ int Uarfcn(QDockWidget *page, int column)
 
 // The path loss page on targets of each generation as a user drives it:
 // the real plug-in and window, the target's records checked.
-class TestPathlossPage : public QObject {
+class TestPathlossPage : public ToolSuite {
     Q_OBJECT
-private slots:
-    void initTestCase()
-    {
-        QString error;
-        QVERIFY2(m_tool.Load(&error), qPrintable(error));
-    }
-    void cleanupTestCase() { QVERIFY(m_tool.Unload()); }
-    void init() { m_tool.Plugin()->ResetPlugin(); }
-    void cleanup()
-    {
-        m_tool.Plugin()->HideTool();
-        TavoSim::Reset();
-    }
+public:
+    TestPathlossPage() : ToolSuite(RADBENCH_PLUGIN_PATH) {}
 
+private slots:
     void readThenWriteChangesOneLoss_data()
     {
         QTest::addColumn<QString>("profile");
@@ -106,7 +96,7 @@ private slots:
     {
         QFETCH(QString, profile);
         QFETCH(double, unit);
-        QDockWidget *page = OpenPage(profile);
+        QDockWidget *page = OpenPage(kPage, profile);
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         QTEST(ToolSession::Find<QTableWidget>(page, kSubbandTable)->rowCount() - 1, "lossRows");
@@ -132,7 +122,7 @@ private slots:
     // a band change stores the zeroes under the old band.
     void resetAndBandChange()
     {
-        QDockWidget *page = OpenPage("default");
+        QDockWidget *page = OpenPage(kPage);
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         const int uarfcn = Uarfcn(page, 3);
@@ -171,7 +161,7 @@ private slots:
         QFETCH(QString, button);
         QFETCH(QString, failingCall);
         QFETCH(QString, status);
-        QDockWidget *page = OpenPage(profile);
+        QDockWidget *page = OpenPage(kPage, profile);
         QVERIFY(page);
         if (button == "m_btnDownload")
             QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
@@ -196,14 +186,6 @@ private slots:
             QCOMPARE(TavoSim::CallNames().filter("Pathloss", Qt::CaseInsensitive), QStringList());
     }
 
-private:
-    QDockWidget *OpenPage(const QString &profile)
-    {
-        return m_tool.Open(profile) ? m_tool.ShowPage("CTdscdmaPathlossDockWidget") : nullptr;
-    }
-
-
-    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
 };
 
 QTEST_MAIN(TestPathlossPage)

@@ -13,7 +13,6 @@
 
 #include "ModalBoxCatcher.h"
 #include "NvramRecords.h"
-#include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
 #include "TestFiles.h"
 #include "ToolSession.h"
@@ -69,31 +68,12 @@ int Field(const TavoTxDacRecord &record, const QString &field)
 // The TPC pages of both record generations as a user drives them: the real
 // plug-in and window on a simulated target, the real widgets typed into and
 // clicked, the file dialogs answered, the target's records checked.
-class TestTpcPages : public QObject {
+class TestTpcPages : public ToolSuite {
     Q_OBJECT
+public:
+    TestTpcPages() : ToolSuite(RADBENCH_PLUGIN_PATH) {}
+
 private slots:
-    void initTestCase()
-    {
-        QString error;
-        QVERIFY2(m_tool.Load(&error), qPrintable(error));
-    }
-
-    void cleanupTestCase()
-    {
-        QVERIFY(m_tool.Unload());
-    }
-
-    void init()
-    {
-        m_tool.Plugin()->ResetPlugin();
-        QVERIFY(m_dir.isValid());
-    }
-    void cleanup()
-    {
-        m_tool.Plugin()->HideTool();
-        TavoSim::Reset();
-    }
-
     void readThenWriteChangesOneField_data()
     {
         QTest::addColumn<QString>("profile");
@@ -123,9 +103,8 @@ private slots:
         QFETCH(int, column);
         QFETCH(QString, field);
         QFETCH(double, scale);
-        QDockWidget *page = OpenPage(profile);
+        QDockWidget *page = OpenPage(PageOf(profile), profile);
         QVERIFY(page);
-
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         QAbstractSpinBox *box = Box(page, widget, row, column);
         QVERIFY(box);
@@ -147,7 +126,7 @@ private slots:
     // one band survives a trip to another and back, and nothing is written.
     void bandChangeKeepsTheEdits()
     {
-        QDockWidget *page = OpenPage("default");
+        QDockWidget *page = OpenPage(PageOf("default"));
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
@@ -172,7 +151,7 @@ private slots:
     // gets them, and every other band as it was.
     void exportThenImportRestoresEveryBand()
     {
-        QDockWidget *page = OpenPage("default");
+        QDockWidget *page = OpenPage(PageOf("default"));
         QVERIFY(page);
         const QList<QByteArray> seeded = TpcRecords("default");
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
@@ -236,7 +215,7 @@ private slots:
         QFETCH(QString, failure);
         QFETCH(QString, status);
         const QString written = "Download to flash successfully.";
-        QDockWidget *page = OpenPage("default");
+        QDockWidget *page = OpenPage(PageOf("default"));
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
@@ -292,7 +271,7 @@ private slots:
     // the movement has come.
     void slowReadKeepsTheWindowResponsive()
     {
-        QDockWidget *page = OpenPage("default");
+        QDockWidget *page = OpenPage(PageOf("default"));
         QVERIFY(page);
         TavoSim::SetLatency("AST_Tavo_NVRAM_TX_Read_r", 1000);
         int ticks = 0;
@@ -317,12 +296,6 @@ private slots:
     }
 
 private:
-    QDockWidget *OpenPage(const QString &profile)
-    {
-        return m_tool.Open(profile) ? m_tool.ShowPage(PageOf(profile)) : nullptr;
-    }
-
-
     // A single value's box, or a table's cell.
     static QAbstractSpinBox *Box(QDockWidget *page, const QString &widget, int row, int column)
     {
@@ -345,7 +318,6 @@ private:
         return path;
     }
 
-    ToolSession m_tool{RADBENCH_PLUGIN_PATH};
     QTemporaryDir m_dir;
 };
 
