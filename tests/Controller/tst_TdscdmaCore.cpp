@@ -131,17 +131,14 @@ private slots:
         QFETCH(QString, profile);
         QFETCH(QJsonObject, patch);
         QFETCH(QString, failingCall);
-        QFETCH(int, status);
-        QFETCH(QString, reason);
-        QFETCH(QString, advice);
         QVERIFY(TavoSim::LoadProfile(profile) && (patch.isEmpty() || TavoSim::PatchProfile(patch)));
         if (!failingCall.isEmpty())
             TavoSim::FailAlways(failingCall, TAVO_ERR_TIMEOUT);
 
         const SRatSupportStatus answer = CTdscdmaCore::GetInstance()->GetRatSupportStatus();
-        QCOMPARE(answer.status, status);
-        QCOMPARE(answer.reason, reason);
-        QCOMPARE(answer.advice, advice);
+        QTEST(answer.status, "status");
+        QTEST(answer.reason, "reason");
+        QTEST(answer.advice, "advice");
     }
 
     // Whether the tool needs the database, which of the pages that depend on

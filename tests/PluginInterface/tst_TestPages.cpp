@@ -93,8 +93,6 @@ private slots:
         auto *stop = Find<QToolButton>(dock, "m_stop");
 
         band->setCurrentText("2010-2025MHz(a)");
-        QCOMPARE(uarfcn->minimum(), 10050);
-        QCOMPARE(uarfcn->value(), 10087);
         uarfcn->selectAll();
         QTest::keyClicks(uarfcn, "10100");
         QTest::mouseClick(start, Qt::LeftButton);
