@@ -70,6 +70,16 @@ struct SCoreLog {
     }
 };
 
+// A fake item that asks for a stop while it moves.
+struct CStoppingItem : CFakeCalItem {
+    using CFakeCalItem::CFakeCalItem;
+    int Move(ECalDataMovement movement, TIniFile *file, QString &errorMessage) override
+    {
+        CTdscdmaCore::GetInstance()->RequestStop();
+        return CFakeCalItem::Move(movement, file, errorMessage);
+    }
+};
+
 } // namespace
 
 class TestTdscdmaCore : public QObject {
@@ -285,9 +295,10 @@ private slots:
         QTest::addColumn<QStringList>("items");
         QTest::addColumn<bool>("isAllSuccess");
         QTest::addColumn<QStringList>("results");
-        QTest::addColumn<QStringList>("calls"); // of the failing item, then of the good one
+        QTest::addColumn<QStringList>("calls"); // of the failing item, the good one, the stopping one
         const QString bad = "Fake Bad:7:fake failure 7";
         const QString good = "Fake Good:0:";
+        const QString stopped = "Fake Good:4:You stoped the operation.";
         QTest::newRow("nothing to move") << "upload" << QStringList() << true << QStringList() << QStringList();
         QTest::newRow("a failure does not stop the others")
             << "upload" << QStringList{"Fake Bad", "Fake Good"} << false << QStringList{bad, good}
@@ -303,6 +314,10 @@ private slots:
             << "upload" << QStringList{"Nonsense"} << false
             << QStringList{"Nonsense:100:TAVO_RESULT = TAVO_ERR_NO_DATABASE: no NVRAM database is loaded"}
             << QStringList();
+        // A stop asked for while an item moves ends the movement before the
+        // next one: every item left over is terminated.
+        QTest::newRow("stop between items") << "upload" << QStringList{"Fake Stopper", "Fake Good", "Fake Good"} << false
+                                            << QStringList{"Fake Stopper:0:", stopped, stopped} << QStringList{"upload"};
     }
     // Every item of a movement gets its result, whatever the others gave; the
     // progress starts at 0 and counts every item; one done signal, the
@@ -312,13 +327,13 @@ private slots:
         QFETCH(QString, movement);
         QFETCH(QStringList, items);
         CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-        auto *badItem = new CFakeCalItem(100, "Fake Bad", 7);
-        auto *goodItem = new CFakeCalItem(101, "Fake Good");
-        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(badItem));
-        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(goodItem));
+        CFakeCalItem *fakes[] = {new CFakeCalItem(100, "Fake Bad", 7), new CFakeCalItem(101, "Fake Good"),
+                                 new CStoppingItem(102, "Fake Stopper")};
+        for (CFakeCalItem *item : fakes)
+            core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(item));
         auto restore = qScopeGuard([core] {
-            core->TakeCalItem(100);
-            core->TakeCalItem(101);
+            for (const int id : {100, 101, 102})
+                core->TakeCalItem(id);
         });
         QTemporaryDir folder;
         TIniFile file(folder.filePath("items.ini"));
@@ -340,38 +355,7 @@ private slots:
         for (int i = 0; !items.isEmpty() && i <= items.size(); ++i)
             progress << i;
         QCOMPARE(log.progress, progress);
-        QTEST(badItem->object.calls + goodItem->object.calls, "calls");
-    }
-
-    // A stop asked for while an item moves ends the movement before the next
-    // one: every item left over is terminated, and the pass still ends.
-    void stopBetweenItems()
-    {
-        struct CStoppingItem : CFakeCalItem {
-            using CFakeCalItem::CFakeCalItem;
-            int Move(ECalDataMovement movement, TIniFile *file, QString &errorMessage) override
-            {
-                CTdscdmaCore::GetInstance()->RequestStop();
-                return CFakeCalItem::Move(movement, file, errorMessage);
-            }
-        };
-        CTdscdmaCore *core = CTdscdmaCore::GetInstance();
-        auto *stopper = new CStoppingItem(100, "Fake Stopper");
-        auto *other = new CFakeCalItem(101, "Fake Good");
-        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(stopper));
-        core->AddCalItem(std::unique_ptr<CCalItemDescriptor>(other));
-        auto restore = qScopeGuard([core] {
-            core->TakeCalItem(100);
-            core->TakeCalItem(101);
-        });
-        SCoreLog log(core);
-        core->UploadFromFlash({"Fake Stopper", "Fake Good", "Fake Good"});
-        QTRY_COMPARE(log.done, QStringList{"upload"});
-        QVERIFY(!log.isAllSuccess);
-        const QString stopped = "Fake Good:4:You stoped the operation.";
-        QCOMPARE(log.results, (QStringList{"Fake Stopper:0:", stopped, stopped}));
-        QCOMPARE(log.progress, (QList<int>{0, 1, 2, 3}));
-        QCOMPARE(other->object.calls, QStringList());
+        QTEST(fakes[0]->object.calls + fakes[1]->object.calls + fakes[2]->object.calls, "calls");
     }
 
     // A page item added as a descriptor is served like the tool's own: its
