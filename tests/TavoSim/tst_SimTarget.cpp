@@ -118,6 +118,9 @@ private slots:
             << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"count": 0}},
                               "records": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"capId": 1}}}})")
             << "nvram.records.NVRAM_EF_AST_TL1_CAP_DATA_LID: not a LID of the target's NVRAM";
+        QTest::newRow("field a record kind lacks")
+            << QByteArray(R"({"nvram": {"records": {"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"x": 1}}}})")
+            << "nvram.records.NVRAM_EF_AST_TL1_TEMP_DAC_LID.x: a Tadc record has no such field";
         QTest::newRow("ADC table not rising") << QByteArray(R"({"tadc": {"adcTable": [[0, 100], [0, 90]]}})")
                                               << "tadc.adcTable[1]: temperatures must rise";
         QTest::newRow("ADC beyond 16 bits") << QByteArray(R"({"tadc": {"adcTable": [[0, 65536], [9, 0]]}})")
