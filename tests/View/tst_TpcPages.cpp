@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QProgressBar>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -54,14 +55,6 @@ TavoTxDacRecord TxDac(const QString &profile, int band = 0)
     return record;
 }
 
-// The field of a record that a row of the tests edits.
-int Field(const TavoTxDacRecord &record, const QString &field)
-{
-    if (field == "hysteresisStart0")
-        return record.hysteresisStart0;
-    return record.paPower[1][2];
-}
-
 } // namespace
 
 // The TPC pages of both record generations as a user drives them: the real
@@ -76,45 +69,30 @@ private slots:
     void readThenWriteChangesOneField_data()
     {
         QTest::addColumn<QString>("profile");
-        QTest::addColumn<QString>("widget");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("stored");
-        for (const QString profile : {"default", "legacy-v1"}) {
-            const int shift = IsV3(profile) ? 1 : 0;
-            const QByteArray name = profile.toLatin1();
-            QTest::addRow("%s: hysteresis", name.constData())
-                << profile << "calDataIf_data_group2_memberProperty_hysteresisStart0" << -1 << -1 << "hysteresisStart0"
-                << 1.0 << "7" << 7;
-            QTest::addRow("%s: power cell", name.constData())
-                << profile << QString("calDataIf_data_group%1_memberProperty_paH").arg(5 + shift) << 1 << 2
-                << "paPower[1][2]" << 32.0 << "-12.5" << -400;
-        }
+        QTest::addColumn<int>("group"); // of the PA powers
+        QTest::newRow("layer 1's stores") << "default" << 6;
+        QTest::newRow("NVRAM records") << "legacy-v1" << 5;
     }
+    // A cell of the PA powers, the middle mode's third, in 1/32 dB on the
+    // target. (The hysteresis box: the tests below.)
     void readThenWriteChangesOneField()
     {
         QFETCH(QString, profile);
-        QFETCH(QString, widget);
-        QFETCH(int, row);
-        QFETCH(int, column);
-        QFETCH(QString, field);
-        QFETCH(double, scale);
+        QFETCH(int, group);
         QDockWidget *page = OpenPage(PageOf(profile), profile);
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
-        QAbstractSpinBox *box = Box(page, widget, row, column);
-        QVERIFY(box);
-        QCOMPARE(box->property("value").toDouble() * scale, double(Field(TxDac(profile), field)));
+        const QString powers = QString("calDataIf_data_group%1_memberProperty_paH").arg(group);
+        auto *table = ToolSession::Find<QTableWidget>(page, powers);
+        auto *cell = table ? qobject_cast<QDoubleSpinBox *>(table->cellWidget(1, 2)) : nullptr;
+        QVERIFY(cell);
+        QCOMPARE(cell->value() * 32, double(TxDac(profile).paPower[1][2]));
 
         const QList<QByteArray> before = TpcRecords(profile);
-        box->selectAll();
-        QFETCH(QString, typed);
-        QTest::keyClicks(box, typed);
+        cell->selectAll();
+        QTest::keyClicks(cell, "-12.5");
         QVERIFY(m_tool.Press(page, "m_btnDownload", "Download to flash successfully."));
-        QTEST(Field(TxDac(profile), field), "stored");
+        QCOMPARE(int(TxDac(profile).paPower[1][2]), -400);
         // One 16-bit field of band 0's TX DAC record, nothing else anywhere.
         const QStringList changed = NvramRecords::Differences(before, TpcRecords(profile));
         QVERIFY2(!changed.isEmpty() && changed.size() <= 2 && changed.first().startsWith("0:"),
@@ -267,15 +245,6 @@ private slots:
     }
 
 private:
-    // A single value's box, or a table's cell.
-    static QAbstractSpinBox *Box(QDockWidget *page, const QString &widget, int row, int column)
-    {
-        if (row < 0)
-            return ToolSession::Find<QAbstractSpinBox>(page, widget);
-        auto *table = ToolSession::Find<QTableWidget>(page, widget);
-        return table ? qobject_cast<QAbstractSpinBox *>(table->cellWidget(row, column)) : nullptr;
-    }
-
     QTemporaryDir m_dir;
 };
 
