@@ -316,8 +316,9 @@ private slots:
             << QStringList();
         // A stop asked for while an item moves ends the movement before the
         // next one: every item left over is terminated.
-        QTest::newRow("stop between items") << "upload" << QStringList{"Fake Stopper", "Fake Good", "Fake Good"} << false
-                                            << QStringList{"Fake Stopper:0:", stopped, stopped} << QStringList{"upload"};
+        QTest::newRow("stop between items")
+            << "upload" << QStringList{"Fake Stopper", "Fake Good", "Fake Good"} << false
+            << QStringList{"Fake Stopper:0:", stopped, stopped} << QStringList{"upload"};
     }
     // Every item of a movement gets its result, whatever the others gave; the
     // progress starts at 0 and counts every item; one done signal, the

@@ -161,7 +161,6 @@ private slots:
             QTRY_VERIFY(stop->isEnabled());
         }
         TavoSim::FailOnce(failingCall, TAVO_ERR_TIMEOUT);
-        TavoSim::SetResultText(TAVO_ERR_TIMEOUT, "no answer");
         m_tool.Busy().clear();
         ModalBoxCatcher boxes;
         QTest::mouseClick(pressed, Qt::LeftButton);

@@ -462,7 +462,8 @@ private slots:
         TavoTxClpcRecord clpc{};
         TavoPathlossRecord loss{};
         const QString lid = kTxDacLids[band];
-        const QByteArray raw[3] = {TavoSim::NvramRecord(lid), TavoSim::NvramRecord(QString(lid).replace("TXDAC", "TXCLPC")),
+        const QByteArray raw[3] = {TavoSim::NvramRecord(lid),
+                                   TavoSim::NvramRecord(QString(lid).replace("TXDAC", "TXCLPC")),
                                    TavoSim::NvramRecord(QString(lid).replace("TXDAC", "PATHLOSS"))};
         QCOMPARE(TAVO_NVRAM_DecomposeTxDac(&dac, raw[0].constData(), uint32_t(raw[0].size())), TAVO_OK);
         QCOMPARE(TAVO_NVRAM_DecomposeTxClpc(&clpc, raw[1].constData(), uint32_t(raw[1].size())), TAVO_OK);
