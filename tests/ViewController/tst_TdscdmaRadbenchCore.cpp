@@ -74,6 +74,12 @@ private slots:
         QCOMPARE(answer.value(0).value<SEachItemOperationResult>().errorCode, 0);
         QCOMPARE(answer.value(2).toInt(), 100);
         QVERIFY(TestFiles::Read(path).contains("value = 42"));
+        // A file that cannot be written fails the save, with its path.
+        const QString unwritable = folder.filePath("missing/fake.ini");
+        const auto failed = run(ECalDataMovement::SaveToFile, "{}", unwritable).value(0);
+        QCOMPARE(failed.value<SEachItemOperationResult>().errorCode, 50);
+        QCOMPARE(failed.value<SEachItemOperationResult>().errorMessage,
+                 "Cannot write the file " + QDir::toNativeSeparators(unwritable));
 
         run(ECalDataMovement::DownloadToFlash, R"({"value":"7"})");
         QCOMPARE(item->object.value, QString("7"));
@@ -82,24 +88,7 @@ private slots:
         QCOMPARE(answer.value(1).value<std::string>(), std::string(R"({"band":"b","value":"42"})"));
         answer = run(ECalDataMovement::UploadFromFlash, R"({})");
         QCOMPARE(answer.value(1).value<std::string>(), std::string(R"({"value":"42"})"));
-        QCOMPARE(item->object.calls, (QStringList{"write", "download", "read", "upload"}));
-    }
-
-    // The pages' own operations answer with their own signals as well.
-    void namedCalibrationOperationsAnswerWithTheirSignals()
-    {
-        SimScope sim;
-        CTdscdmaRadbenchCore viewController;
-        QSignalSpy upload(&viewController, &CTdscdmaRadbenchCore::Signal_TpcUploadFromFlashDone);
-        QSignalSpy download(&viewController, &CTdscdmaRadbenchCore::Signal_AfcDownloadToFlashDone);
-        viewController.TpcUploadFromFlashStart(R"({"x":1})");
-        QVERIFY(upload.wait());
-        const auto result = upload.at(0).at(0).value<SEachItemOperationResult>();
-        QCOMPARE(result.itemName, QString("TPC"));
-        QCOMPARE(upload.at(0).at(1).value<std::string>(), std::string(R"({"x":1})"));
-        viewController.AfcDownloadToFlashStart("{}");
-        QVERIFY(download.wait());
-        QCOMPARE(download.at(0).at(0).value<SEachItemOperationResult>().itemName, QString("AFC"));
+        QCOMPARE(item->object.calls, (QStringList{"write", "write", "download", "read", "upload"}));
     }
 };
 
