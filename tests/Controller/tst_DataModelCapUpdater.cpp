@@ -20,9 +20,6 @@ QString Text(const QJsonValue &value)
 
 QJsonObject Json(const char *text) { return QJsonDocument::fromJson(text).object(); }
 
-const char *const kAllBands = R"J(["1900-1920MHz(a)","2010-2025MHz(a)","1850-1910MHz(b)","1930-1990MHz(b)",)J"
-                              R"J("1910-1930MHz(c)","2570-2620MHz(d)","1880-1920MHz(f)","2300-2400MHz(e)"])J";
-
 } // namespace
 
 class TestDataModelCapUpdater : public QObject {
@@ -42,8 +39,8 @@ private slots:
             return QString("calDataIf.data.group%1.memberProperty.%2").arg(group).arg(member);
         };
 
-        // Every band of the target, each with its uplink range.
-        QTest::newRow("all bands listed") << "default" << "Continuous TX" << request + "band.trait.value" << kAllBands;
+        // Every band of the target, each with its uplink range. (The default
+        // target's bands: tst_StoredModels' band table.)
         QTest::newRow("one entry per band")
             << "legacy-v1" << "AFC Control" << request + "uarfcn.trait.valuePair"
             << R"J({"1850-1910MHz(b)":{"max":9550,"min":9250},"1900-1920MHz(a)":{"max":9600,"min":9500},)J"
