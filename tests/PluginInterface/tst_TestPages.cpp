@@ -81,11 +81,10 @@ private slots:
     }
     void continuousTestStartsAndStops()
     {
-        QVERIFY(Open());
         QFETCH(QString, page);
         QFETCH(QString, started);
         QFETCH(QString, stopped);
-        QDockWidget *dock = ShowPage(page);
+        QDockWidget *dock = OpenPage(page);
         QVERIFY(dock);
         auto *band = Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_band");
         auto *uarfcn = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_uarfcn");
@@ -112,7 +111,7 @@ private slots:
         // Turning to another tab stops it as well; the page rests.
         QTest::mouseClick(start, Qt::LeftButton);
         QTRY_VERIFY(stop->isEnabled());
-        ShowPage("CTdscdmaRssiDockWidget");
+        m_tool.ShowPage("CTdscdmaRssiDockWidget");
         QTRY_COMPARE(TavoSim::RadioActivity(), QString("idle"));
         QVERIFY(!dock->isEnabled());
         QTRY_VERIFY(start->isEnabledTo(dock));
@@ -146,12 +145,11 @@ private slots:
     }
     void failuresLeaveThePageUsable()
     {
-        QVERIFY(Open());
         QFETCH(QString, page);
         QFETCH(QString, button);
         QFETCH(QString, failingCall);
         QFETCH(QString, status);
-        QDockWidget *dock = ShowPage(page);
+        QDockWidget *dock = OpenPage(page);
         QVERIFY(dock);
         auto *pressed = Find<QToolButton>(dock, button);
         auto *start = dock->findChild<QToolButton *>("m_start");
@@ -181,8 +179,8 @@ private slots:
 
     void dpchTxWithTheModelsDefaults()
     {
-        QVERIFY(Open());
-        QDockWidget *dock = ShowPage("CTdscdmaDpchTxDockWidget");
+        QDockWidget *dock = OpenPage("CTdscdmaDpchTxDockWidget");
+        QVERIFY(dock);
         QTest::mouseClick(Find<QToolButton>(dock, "m_start"), Qt::LeftButton);
         QTRY_COMPARE(Status(), QString("DPCH TX start..."));
         const TavoSim::CallRecord call = TavoSim::CallLog().last();
@@ -195,7 +193,7 @@ private slots:
 
         // The host locks the pages against new operations and releases them.
         auto *start = Find<QToolButton>(dock, "m_start");
-        auto *read = Find<QToolButton>(ShowPage("CTdscdmaBBRegDockWidget"), "m_btnRegRead");
+        auto *read = Find<QToolButton>(m_tool.ShowPage("CTdscdmaBBRegDockWidget"), "m_btnRegRead");
         m_tool.Plugin()->DisablePages();
         QVERIFY(!start->isEnabledTo(dock) && !read->isEnabledTo(read->window()));
         m_tool.Plugin()->EnablePages();
@@ -205,8 +203,8 @@ private slots:
 
     void rssiShowsTheMeasure()
     {
-        QVERIFY(Open());
-        QDockWidget *dock = ShowPage("CTdscdmaRssiDockWidget");
+        QDockWidget *dock = OpenPage("CTdscdmaRssiDockWidget");
+        QVERIFY(dock);
         Find<QComboBox>(dock, "cmdIf_request_group1_memberProperty_mode")->setCurrentText("Ext2");
         auto *gain = Find<QSpinBox>(dock, "cmdIf_request_group1_memberProperty_gain");
         gain->setValue(49);
@@ -219,8 +217,8 @@ private slots:
 
     void registersAreWrittenAndRead()
     {
-        QVERIFY(Open());
-        QDockWidget *dock = ShowPage("CTdscdmaBBRegDockWidget");
+        QDockWidget *dock = OpenPage("CTdscdmaBBRegDockWidget");
+        QVERIFY(dock);
         Find<QSpinBox>(dock, "cmdIf_request_group2_memberProperty_regAddr")->setValue(300);
         Find<QSpinBox>(dock, "cmdIf_request_group2_memberProperty_regValue")->setValue(4660);
         QTest::mouseClick(Find<QToolButton>(dock, "m_btnRegWrite"), Qt::LeftButton);
@@ -234,13 +232,6 @@ private slots:
     }
 
 private:
-    bool Open() { return m_tool.Open(); }
-    QDockWidget *ShowPage(const QString &page) { return m_tool.ShowPage(page); }
-    template <typename W>
-    W *Find(QDockWidget *page, const QString &name)
-    {
-        return ToolSession::Find<W>(page, name);
-    }
     QString Status() const { return m_tool.Status(); }
 };
 

@@ -70,6 +70,11 @@ protected:
     {
         return m_tool.Open(profile) ? m_tool.ShowPage(page) : nullptr;
     }
+    template <typename W>
+    static W *Find(QWidget *page, const QString &name)
+    {
+        return ToolSession::Find<W>(page, name);
+    }
 
     ToolSession m_tool;
 

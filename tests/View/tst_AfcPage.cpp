@@ -95,12 +95,12 @@ private slots:
     {
         QFETCH(QString, error1);
         QFETCH(QString, error2);
-        auto *init = ToolSession::Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
+        auto *init = Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
         init->setValue(77);
-        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError1"), error1);
-        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError2"), error2);
+        QTest::keyClicks(Find<QLineEdit>(m_page, "m_edtFreqError1"), error1);
+        QTest::keyClicks(Find<QLineEdit>(m_page, "m_edtFreqError2"), error2);
         ModalBoxCatcher boxes;
-        QTest::mouseClick(ToolSession::Find<QPushButton>(m_page, "m_btnCalculate"), Qt::LeftButton);
+        QTest::mouseClick(Find<QPushButton>(m_page, "m_btnCalculate"), Qt::LeftButton);
         QVERIFY(boxes.WaitFor(1));
         QCOMPARE(boxes.Boxes()[0].title, QString("AFC Control"));
         QFETCH(QString, refusal);
@@ -114,9 +114,9 @@ private slots:
     // storage of the slope.
     void slopeFromTwoMeasures()
     {
-        auto *select = ToolSession::Find<QComboBox>(m_page, "cmdIf_request_group1_memberProperty_afcSelect");
-        ToolSession::Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac1")->setValue(4000);
-        ToolSession::Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac2")->setValue(4400);
+        auto *select = Find<QComboBox>(m_page, "cmdIf_request_group1_memberProperty_afcSelect");
+        Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac1")->setValue(4000);
+        Find<QSpinBox>(m_page, "cmdIf_request_group1_memberProperty_afcdac2")->setValue(4400);
         QStringList errors;
         for (const char *dac : {"AFC1", "AFC2"}) {
             select->setCurrentText(dac);
@@ -125,12 +125,11 @@ private slots:
             QVERIFY(m_tool.Press(m_page, "m_stop", "AFC stop."));
         }
         QVERIFY(std::isnan(TavoSim::FrequencyError()));
-        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError1"), errors[0]);
-        QTest::keyClicks(ToolSession::Find<QLineEdit>(m_page, "m_edtFreqError2"), errors[1]);
-        QTest::mouseClick(ToolSession::Find<QPushButton>(m_page, "m_btnCalculate"), Qt::LeftButton);
-        const int init = ToolSession::Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac")->value();
-        const double slope =
-            ToolSession::Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope")->value();
+        QTest::keyClicks(Find<QLineEdit>(m_page, "m_edtFreqError1"), errors[0]);
+        QTest::keyClicks(Find<QLineEdit>(m_page, "m_edtFreqError2"), errors[1]);
+        QTest::mouseClick(Find<QPushButton>(m_page, "m_btnCalculate"), Qt::LeftButton);
+        const int init = Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac")->value();
+        const double slope = Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope")->value();
         QVERIFY2(qAbs(init - 4150) <= 2, qPrintable(QString::number(init)));
         QVERIFY2(qAbs(slope - 2.5) < 0.02, qPrintable(QString::number(slope)));
     }
@@ -139,8 +138,8 @@ private slots:
     void readEditWrite()
     {
         QVERIFY(m_tool.Press(m_page, "m_btnRead", "Read data from target successfully."));
-        auto *init = ToolSession::Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
-        auto *slope = ToolSession::Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope");
+        auto *init = Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
+        auto *slope = Find<QDoubleSpinBox>(m_page, "cmdIf_response_group1_memberProperty_slope");
         const TavoAfcRecord before = TargetAfc();
         QCOMPARE(init->value(), int(before.initAfcDac));
         QCOMPARE(slope->value(), std::round(4096.0 / before.slopeInverse * 1e5) / 1e5);

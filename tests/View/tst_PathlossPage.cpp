@@ -97,8 +97,8 @@ private slots:
         QDockWidget *page = OpenPage(kPage, profile);
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
-        QTEST(ToolSession::Find<QTableWidget>(page, kSubbandTable)->rowCount() - 1, "lossRows");
-        QTEST(ToolSession::Find<QTableWidget>(page, kTemperatureTable)->rowCount(), "lossRows");
+        QTEST(Find<QTableWidget>(page, kSubbandTable)->rowCount() - 1, "lossRows");
+        QTEST(Find<QTableWidget>(page, kTemperatureTable)->rowCount(), "lossRows");
 
         // Row 2 is the middle gain mode.
         QDoubleSpinBox *cell = Cell(page, kSubbandTable, 2, 4);
@@ -129,13 +129,13 @@ private slots:
         const int uarfcn = Uarfcn(page, 3);
         const double temperature = Cell(page, kTemperatureTable, 0, 3)->value();
         QVERIFY(uarfcn > 0 && Cell(page, kSubbandTable, 1, 3)->value() != 0.0);
-        QTest::mouseClick(ToolSession::Find<QPushButton>(page, "pushButton"), Qt::LeftButton);
+        QTest::mouseClick(Find<QPushButton>(page, "pushButton"), Qt::LeftButton);
         QCOMPARE(Uarfcn(page, 3), uarfcn);
         for (int row = 1; row < 7; ++row)
             QCOMPARE(Cell(page, kSubbandTable, row, 3)->value(), 0.0);
         QCOMPARE(Cell(page, kTemperatureTable, 0, 3)->value(), temperature);
 
-        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        auto *band = Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
         band->setCurrentIndex(1);
         QCOMPARE(Cell(page, kSubbandTable, 1, 3)->value(), SubbandLoss("default", 1, 0, 3) * 0.125);
         band->setCurrentIndex(0);

@@ -83,7 +83,7 @@ private slots:
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
         const QString powers = QString("calDataIf_data_group%1_memberProperty_paH").arg(group);
-        auto *table = ToolSession::Find<QTableWidget>(page, powers);
+        auto *table = Find<QTableWidget>(page, powers);
         auto *cell = table ? qobject_cast<QDoubleSpinBox *>(table->cellWidget(1, 2)) : nullptr;
         QVERIFY(cell);
         QCOMPARE(cell->value() * 32, double(TxDac(profile).paPower[1][2]));
@@ -109,8 +109,8 @@ private slots:
         QVERIFY(page);
         const QList<QByteArray> seeded = TpcRecords("default");
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
-        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
-        auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
+        auto *band = Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        auto *hysteresis = Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
         hysteresis->setValue(7);
         m_tool.Busy().clear();
         band->setFocus();
@@ -169,7 +169,7 @@ private slots:
         QDockWidget *page = OpenPage(PageOf("default"));
         QVERIFY(page);
         QVERIFY(m_tool.Press(page, "m_btnUpload", "Read data from target successfully."));
-        auto *hysteresis = ToolSession::Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
+        auto *hysteresis = Find<QSpinBox>(page, "calDataIf_data_group2_memberProperty_hysteresisStart0");
         hysteresis->setValue(5);
         const QList<QByteArray> before = TpcRecords("default");
 
@@ -177,7 +177,7 @@ private slots:
         TavoSim::InjectFault({call, {"band=2"}, TAVO_ERR_FAILED, 1});
         m_tool.Busy().clear();
         m_tool.Window()->findChild<QStatusBar *>()->clearMessage();
-        QTest::mouseClick(ToolSession::Find<QToolButton>(page, button), Qt::LeftButton);
+        QTest::mouseClick(Find<QToolButton>(page, button), Qt::LeftButton);
         QVERIFY(boxes.WaitFor(1));
         QCOMPARE(m_tool.Status(), status);
         QCOMPARE(boxes.Boxes()[0].title, status);
@@ -185,14 +185,14 @@ private slots:
 
         // Idle again, the host told so; nothing lost on the target or in the item.
         for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
-            QVERIFY(ToolSession::Find<QToolButton>(page, name)->isEnabled());
-        QVERIFY(ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
+            QVERIFY(Find<QToolButton>(page, name)->isEnabled());
+        QVERIFY(Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
         QVERIFY(!m_tool.Busy().last().at(1).toBool());
         if (button != "m_btnDownload")
             QCOMPARE(TpcRecords("default"), before);
         // The item holds every band still: the next band as read, the shown
         // one as typed.
-        auto *band = ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
+        auto *band = Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band");
         band->setCurrentIndex(1);
         QCOMPARE(hysteresis->value(), int(TxDac("default", 1).hysteresisStart0));
         band->setCurrentIndex(0);
@@ -213,14 +213,14 @@ private slots:
         QTimer timer;
         connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
         timer.start(50);
-        QTest::mouseClick(ToolSession::Find<QToolButton>(page, "m_btnUpload"), Qt::LeftButton);
+        QTest::mouseClick(Find<QToolButton>(page, "m_btnUpload"), Qt::LeftButton);
         auto *progress = m_tool.Window()->findChild<QProgressBar *>("operationProgress");
         QTRY_VERIFY(progress && progress->isVisible());
         QCOMPARE(progress->text(), QString("0/1 items"));
         // Running: no other movement and no band change can start.
         for (const char *name : {"m_btnUpload", "m_btnDownload", "m_btnLoad", "m_btnSave"})
-            QVERIFY(!ToolSession::Find<QToolButton>(page, name)->isEnabled());
-        QVERIFY(!ToolSession::Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
+            QVERIFY(!Find<QToolButton>(page, name)->isEnabled());
+        QVERIFY(!Find<QComboBox>(page, "calDataIf_config_group1_memberProperty_band")->isEnabled());
         QCOMPARE(m_tool.Busy().last().at(1).toBool(), true);
         QTRY_COMPARE_WITH_TIMEOUT(m_tool.Status(), QString("Read data from target successfully."), 30000);
         QVERIFY(!progress->isVisible());
