@@ -208,33 +208,41 @@ private slots:
         QTest::addColumn<QString>("lid");
         QTest::addColumn<QList<int>>("database"); /* count, size; {} without the LID */
         QTest::addColumn<QList<int>>("target");
+        QTest::addColumn<QString>("field"); /* of the last record: a signed 16-bit element, or a character */
+        QTest::addColumn<int>("value");
         QTest::newRow("the target follows the database")
             << QByteArray(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 11}}})") << kImei
-            << QList<int>{11, 20} << QList<int>{11, 20};
-        QTest::newRow("two IMEI records on the target, one in the database")
+            << QList<int>{11, 20} << QList<int>{11, 20} << "" << 0;
+        QTest::newRow("two IMEI records on the target, one in the database, the second seeded")
             << QByteArray(R"({"database": {"recordCounts": {"NVRAM_EF_IMEI_IMEISV_LID": 1}},
-                              "nvram": {"target": {"NVRAM_EF_IMEI_IMEISV_LID": {"count": 2}}}})")
-            << kImei << QList<int>{1, 20} << QList<int>{2, 20};
+                              "nvram": {"target": {"NVRAM_EF_IMEI_IMEISV_LID": {"count": 2}},
+                                        "records": {"NVRAM_EF_IMEI_IMEISV_LID": [{}, {"imei": "1234"}]}}})")
+            << kImei << QList<int>{1, 20} << QList<int>{2, 20} << "imei[3]" << int('4');
         QTest::newRow("a LID only on the target")
             << QByteArray(R"({"database": {"withoutLids": ["NVRAM_EF_AST_TL1_CAP_DATA_LID"]},
                               "nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {}}}})")
-            << kCap << QList<int>{} << QList<int>{1, 4};
+            << kCap << QList<int>{} << QList<int>{1, 4} << "" << 0;
         QTest::newRow("a LID only in the database")
             << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_AST_TL1_CAP_DATA_LID": {"count": 0}}}})") << kCap
-            << QList<int>{1, 4} << QList<int>{};
+            << QList<int>{1, 4} << QList<int>{} << "" << 0;
         QTest::newRow("sizes differ")
             << QByteArray(R"({"nvram": {"target": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": {"size": 20}}}})") << kGps
-            << QList<int>{1, 24} << QList<int>{1, 20};
+            << QList<int>{1, 24} << QList<int>{1, 20} << "" << 0;
+        QTest::newRow("a seeded element")
+            << QByteArray(R"({"nvram": {"records": {"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [1, 2]}}}})") << kTadc
+            << QList<int>{1, 18} << QList<int>{1, 18} << "adc[1]" << 2;
     }
     /* The database calls answer from the database, the transport from the
-     * target's records; a profile can make them disagree. (The plain database
-     * is read through the plug-in by tests/Controller/tst_CalItemBase.) */
+     * target's records, which hold what the profile seeds; a profile can make
+     * them disagree. (A field a record kind lacks: tst_SimTarget's profile
+     * files.) */
     void databaseAndTarget()
     {
         QFETCH(QByteArray, patch);
         QFETCH(QString, lid);
         QFETCH(QList<int>, database);
         QFETCH(QList<int>, target);
+        QFETCH(QString, field);
         QVERIFY(useTarget(json(patch)));
         const QByteArray name = lid.toLatin1();
         int count = 0;
@@ -249,9 +257,16 @@ private slots:
         QByteArray buffer(64, '\0');
         const int last = target.value(0, 1);
         QCOMPARE(transfer("read", name, last, buffer), target.isEmpty() ? TAVO_ERR_LID_NOT_FOUND : TAVO_OK);
-        QCOMPARE(TavoSim::NvramRecord(lid, last).size(), target.value(1));
+        const QByteArray record = TavoSim::NvramRecord(lid, last);
+        QCOMPARE(record.size(), target.value(1));
         if (!target.isEmpty())
             QCOMPARE(transfer("write", name, last + 1, buffer), TAVO_ERR_INVALID_ARGUMENT);
+        qint16 element = 0;
+        const uint32_t held = uint32_t(record.size());
+        if (!field.isEmpty()) {
+            QCOMPARE(TAVO_NVRAM_GetField(name, field.toLatin1(), record.constData(), held, &element, 2), TAVO_OK);
+            QTEST(field.startsWith("imei") ? int(char(element)) : int(element), "value");
+        }
     }
 
     /* A decoded record survives compose and decompose; the raw record holds
@@ -282,33 +297,6 @@ private slots:
         QCOMPARE(back.left(held), decoded.left(held));
         QCOMPARE(back.mid(held), QByteArray(decodedSize - held, '\x5a'));
         QCOMPARE(TAVO_NVRAM_ComposeTxDac(record, raw.data(), uint32_t(held / 2)), TAVO_ERR_BUFFER_TOO_SMALL);
-    }
-
-    void profileRecords_data()
-    {
-        QTest::addColumn<QByteArray>("records"); /* nvram.records */
-        QTest::addColumn<QString>("lid");
-        QTest::addColumn<int>("number");
-        QTest::addColumn<QString>("field"); /* read as a signed 16-bit element, or one character */
-        QTest::addColumn<int>("value");
-        QTest::newRow("seeded element") << QByteArray(R"({"NVRAM_EF_AST_TL1_TEMP_DAC_LID": {"adc": [1, 2]}})") << kTadc
-                                        << 1 << "adc[1]" << 2;
-        QTest::newRow("second record, text") << QByteArray(R"({"NVRAM_EF_IMEI_IMEISV_LID": [{}, {"imei": "1234"}]})")
-                                             << kImei << 2 << "imei[3]" << int('4');
-    }
-    /* (A field a record kind lacks: tst_SimTarget's profile files.) */
-    void profileRecords()
-    {
-        QFETCH(QByteArray, records);
-        QFETCH(QString, lid);
-        QFETCH(int, number);
-        QFETCH(QString, field);
-        QVERIFY(useTarget({{"nvram", QJsonObject{{"records", json(records)}}}}));
-        qint16 element = 0;
-        const QByteArray raw = TavoSim::NvramRecord(lid, number);
-        const uint32_t size = uint32_t(raw.size());
-        QCOMPARE(TAVO_NVRAM_GetField(lid.toLatin1(), field.toLatin1(), raw.constData(), size, &element, 2), TAVO_OK);
-        QTEST(field.startsWith("imei") ? int(char(element)) : int(element), "value");
     }
 
     void transport_data()

@@ -348,38 +348,31 @@ private slots:
 
     void oneTestAtATime_data()
     {
-        QTest::addColumn<QString>("steps"); // command, comma separated
-        QTest::addColumn<QString>("results");
+        QTest::addColumn<QList<Call>>("steps");
+        QTest::addColumn<QList<int>>("results");
         QTest::addColumn<QString>("activity");
+        const auto tx = [](uint16_t uarfcn) {
+            return Call([=](char *) { return AST_RFTEST_TXOn_r(0, 10000, uarfcn, 1); });
+        };
+        const auto rx = [](uint8_t on) { return Call([=](char *) { return AST_RFTEST_RXOn_r(0, 10000, 9550, on); }); };
+        const Call agc = [](char *b) {
+            return AST_CAL_agc_r(0, 10000, 9550, 4096, 0, 60, 0, reinterpret_cast<int8_t *>(b),
+                                 reinterpret_cast<uint16_t *>(b + 2), reinterpret_cast<uint8_t *>(b + 4));
+        };
+        const Call stop = [](char *) { return AST_CAL_stop_r(0, 10000); };
         // (TX on and off: tests/PluginInterface/tst_TestPages.)
         QTest::newRow("while transmitting: no second tx, rx off leaves it, no measure")
-            << "tx9550,tx9600,rxoff9550,agc9550" << "0,6,0,6" << "tx 9550";
-        QTest::newRow("measure while receiving") << "rx9550,agc9550" << "0,0" << "rx 9550";
-        QTest::newRow("stop ends any test") << "rx10087,stop" << "0,0" << "idle";
+            << QList<Call>{tx(9550), tx(9600), rx(0), agc} << QList<int>{0, 6, 0, 6} << "tx 9550";
+        QTest::newRow("measure while receiving") << QList<Call>{rx(1), agc} << QList<int>{0, 0} << "rx 9550";
+        QTest::newRow("stop ends any test") << QList<Call>{rx(1), stop} << QList<int>{0, 0} << "idle";
     }
     void oneTestAtATime()
     {
-        QFETCH(QString, steps);
-        QStringList answers;
-        for (const QString &step : steps.split(',')) {
-            const uint16_t channel = uint16_t(step.mid(step.indexOf(QRegularExpression("[0-9]"))).toUInt());
-            TAVO_RESULT result = TAVO_ERR_FAILED;
-            int8_t rssi = 0;
-            uint16_t dsp = 0;
-            uint8_t gain = 0;
-            if (step.startsWith("tx"))
-                result = AST_RFTEST_TXOn_r(0, 10000, channel, 1);
-            else if (step.startsWith("rxoff"))
-                result = AST_RFTEST_RXOn_r(0, 10000, channel, 0);
-            else if (step.startsWith("rx"))
-                result = AST_RFTEST_RXOn_r(0, 10000, channel, 1);
-            else if (step.startsWith("agc"))
-                result = AST_CAL_agc_r(0, 10000, channel, 4096, 0, 60, 0, &rssi, &dsp, &gain);
-            else if (step == "stop")
-                result = AST_CAL_stop_r(0, 10000);
-            answers << QString::number(result);
-        }
-        QTEST(answers.join(','), "results");
+        QFETCH(QList<Call>, steps);
+        QList<int> results;
+        for (const Call &step : steps)
+            results << Answer(step, 8).first;
+        QTEST(results, "results");
         QTEST(TavoSim::RadioActivity(), "activity");
     }
 
