@@ -2,7 +2,6 @@
 // failure stops, what it reports, which modem's commands carry the records,
 // and the integrity record around every write.
 
-#include <QJsonDocument>
 #include <QtTest>
 
 #include <vector>

@@ -1,4 +1,3 @@
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QtTest>
 

@@ -1,10 +1,7 @@
 #include <QComboBox>
 #include <QDockWidget>
 #include <QLabel>
-#include <QPluginLoader>
 #include <QSpinBox>
-#include <QStatusBar>
-#include <QTabBar>
 #include <QToolButton>
 #include <QtTest>
 

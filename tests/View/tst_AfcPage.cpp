@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QToolButton>
 #include <QtTest>
 
 #include <cmath>
