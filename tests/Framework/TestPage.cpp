@@ -107,8 +107,6 @@ QString Describe(QWidget *widget)
         text += " text=" + field->text();
     } else if (auto *label = qobject_cast<QLabel *>(widget)) {
         text += " text=" + label->text();
-    } else if (auto *table = qobject_cast<QTableWidget *>(widget)) {
-        text += QString(" %1x%2").arg(table->rowCount()).arg(table->columnCount());
     }
     text += QString(" tip=%1").arg(widget->toolTip());
     if (!widget->isEnabled())

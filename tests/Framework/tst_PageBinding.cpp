@@ -290,34 +290,6 @@ private slots:
         QCOMPARE(Describe(label), QString("QLabel text= tip="));
     }
 
-    // Trace lines whose wording belongs to the system.
-    void traceLines_data()
-    {
-        QTest::addColumn<bool>("pack"); // else: a band change
-        QTest::addColumn<QString>("line");
-        QTest::newRow("packing a field names the value and group paths")
-            << true << R"(---> [Package][type1] Path in memberValue <---  "cmdIf.request.group1.memberValue" )"
-                       R"("cmdIf.request.group1" ---> [Package][type1] Value <---  QJsonValue(string, "B"))";
-        QTest::newRow("value relevance of a table: columns")
-            << false << "---> [Value Relevance][type3] Get column info <---  2";
-        QTest::newRow("value relevance of a table: found")
-            << false << "---> [Value Relevance][type3] Find!!!!!!!!! <--- ";
-    }
-    void traceLines()
-    {
-        QFETCH(bool, pack);
-        QFETCH(QString, line);
-        TestPage page;
-        auto *band = page.Add<QComboBox>("cmdIf_request_group1_memberProperty_band");
-        page.Add<QTableWidget>("cmdIf_request_group2_memberProperty_uarfcn");
-        QVERIFY(page.Load(BandModel(false, true)));
-        TestLog::Capture log(QtDebugMsg);
-        band->setCurrentText("B");
-        if (pack)
-            page.PackageMemberValue();
-        QVERIFY2(log.Lines().contains(line), qPrintable(log.Lines().join('\n')));
-    }
-
     // An answer sets the response fields and cells; the request's field keeps its value.
     void updateOfWhatCameBack_data()
     {
@@ -413,35 +385,48 @@ private slots:
         QTest::addColumn<bool>("table");
         QTest::addColumn<QString>("band");
         QTest::addColumn<QString>("shown"); // the field, or the table's second cell
+        // Trace lines of the change and of the packing after it whose wording belongs to the system.
+        QTest::addColumn<QStringList>("trace");
+        const QStringList none;
         QTest::newRow("test page: middle of the new range, though the value fits")
-            << 0 << false << "B" << "QSpinBox 20..40 value=30 base=10 tip=20~40";
+            << 0 << false << "B" << "QSpinBox 20..40 value=30 base=10 tip=20~40" << none;
         QTest::newRow("calibration page keeps a stored value that fits")
-            << 1 << false << "B" << "QSpinBox 20..40 value=25 base=10 tip=20~40";
+            << 1 << false << "B" << "QSpinBox 20..40 value=25 base=10 tip=20~40" << none;
         QTest::newRow("calibration page: middle when it does not")
-            << 1 << false << "C" << "QSpinBox 50..60 value=55 base=10 tip=50~60";
+            << 1 << false << "C" << "QSpinBox 50..60 value=55 base=10 tip=50~60" << none;
         QTest::newRow("band without a range: the old one stays")
-            << 0 << false << "D" << "QSpinBox 10..30 value=25 base=10 tip=10~30";
+            << 0 << false << "D" << "QSpinBox 10..30 value=25 base=10 tip=10~30" << none;
         QTest::newRow("test page takes the forced value, the check is the tip")
-            << 0 << false << "E" << "QSpinBox 0..99 value=7 base=10 tip=1~99,0";
+            << 0 << false << "E" << "QSpinBox 0..99 value=7 base=10 tip=1~99,0" << none;
         QTest::newRow("calibration page: no forced value")
-            << 1 << false << "E" << "QSpinBox 0..99 value=25 base=10 tip=1~99,0";
-        QTest::newRow("table on a test page") << 0 << true << "B" << "QSpinBox 20..40 value=30 base=10 tip=20~40";
+            << 1 << false << "E" << "QSpinBox 0..99 value=25 base=10 tip=1~99,0" << none;
+        QTest::newRow("table on a test page")
+            << 0 << true << "B" << "QSpinBox 20..40 value=30 base=10 tip=20~40"
+            << QStringList{R"(---> [Package][type1] Path in memberValue <---  "cmdIf.request.group1.memberValue" )"
+                           R"("cmdIf.request.group1" ---> [Package][type1] Value <---  QJsonValue(string, "B"))",
+                           "---> [Value Relevance][type3] Get column info <---  2",
+                           "---> [Value Relevance][type3] Find!!!!!!!!! <--- "};
         QTest::newRow("table on a calibration page")
-            << 1 << true << "B" << "QSpinBox 20..40 value=25 base=10 tip=20~40";
+            << 1 << true << "B" << "QSpinBox 20..40 value=25 base=10 tip=20~40" << none;
     }
     void valueRelevance()
     {
         QFETCH(int, calData);
         QFETCH(bool, table);
         QFETCH(QString, band);
+        QFETCH(QStringList, trace);
         TestPage page(calData);
         const QString prefix = calData ? "calDataIf_request_" : "cmdIf_request_";
         auto *bands = page.Add<QComboBox>(prefix + "group1_memberProperty_band");
         QWidget *field = page.AddOf(table ? "QTableWidget" : "QSpinBox",
                                     prefix + (table ? "group2" : "group1") + "_memberProperty_uarfcn");
         QVERIFY(page.Load(BandModel(calData, table)));
+        TestLog::Capture log(QtDebugMsg);
         bands->setCurrentText(band);
+        page.PackageMemberValue();
         QTEST(Describe(table ? static_cast<QTableWidget *>(field)->cellWidget(0, 1) : field), "shown");
+        for (const QString &line : trace)
+            QVERIFY2(log.Lines().contains(line), qPrintable(log.Lines().join('\n')));
     }
 
     void statusRelevance()
