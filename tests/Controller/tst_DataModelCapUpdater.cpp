@@ -86,7 +86,6 @@ private slots:
         QTest::newRow("path loss V3 keeps loss3 stored") << "default" << "Rx Pathloss"
                                                          << data(1, "loss3.defaultSupport") << "0";
         const QString adc = "cmdIf.response.group1.memberProperty.adc.caption";
-        QTest::newRow("ADC channel") << "default" << "Temperature ADC" << adc << R"J("ADC Channel( 3 )")J";
         QTest::newRow("no ADC channel") << "bare" << "Temperature ADC" << adc << R"J("ADC Channel( Invalid )")J";
         QTest::newRow("fixed power offered") << "default" << "Dpch TX" << request + "fixPower.defaultSupport" << "1";
         QTest::newRow("wanted power not offered") << "legacy-v1" << "Dpch TX" << request + "wantedPower.defaultSupport"
