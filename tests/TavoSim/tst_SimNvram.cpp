@@ -390,7 +390,6 @@ private slots:
         const int dacRead = AST_TAVO_NVRAM_TX_DAC_READ;
         const QByteArray profileGps = TavoSim::NvramRecord(kGps), seededTx = txRead(1, dacRead);
         QVERIFY(TavoSim::SetNvramFile(dir.filePath("nvram.json")));
-        QCOMPARE(TavoSim::NvramFile(), dir.filePath("nvram.json"));
         const QByteArray gps(24, '\7'), tx(seededTx.size(), '\6');
         QCOMPARE(writeRecord(kGps, gps), TAVO_OK);
         QCOMPARE(layer1Call("TX write", request(1, 2, AST_TAVO_NVRAM_TX_DAC_WRITE, tx)).first, TAVO_OK);
