@@ -356,14 +356,12 @@ private slots:
         QVERIFY(writeRecord(kTadc, QByteArray(18, '\1')) == TAVO_OK);
 
         QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_Ex_r(0, 10000), TAVO_OK);
-        QVERIFY(TavoSim::IsCalDataIntegrityOpen());
         QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), TAVO_ERR_BUSY);
         QVERIFY(writeRecord(kTadc, QByteArray(18, '\2')) == TAVO_OK);
         QVERIFY(writeRecord(kCap, QByteArray(4, '\3')) == TAVO_OK);
         QVERIFY(writeRecord(kCap, QByteArray(3, '\3')) != TAVO_OK);
         QCOMPARE(TAVO_MISC_CalDataIntegrity_StopRec_r(0, 10000, &status), TAVO_OK);
         QCOMPARE(status, 2u);
-        QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
         QVERIFY(writeRecord(kTadc, QByteArray(18, '\4')) == TAVO_OK);
         QCOMPARE(TAVO_MISC_CalDataIntegrity_StartRec_r(0, 10000), TAVO_OK);
         QVERIFY(writeRecord(kTadc, QByteArray(18, '\5')) == TAVO_OK);

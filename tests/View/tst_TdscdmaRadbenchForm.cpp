@@ -95,7 +95,6 @@ private slots:
         QVERIFY(!form.isEnabled());
         QTRY_VERIFY(IsReady(form, 9));
         QCOMPARE(UbinModes(), QStringList{"mode=1"});
-        QVERIFY(TavoSim::IsUbinEnabled());
 
         // Pages stand in the order of the page list, as one stack of tabs.
         const QStringList pageList = CTdscdmaCore::GetInstance()->GetInitPageList();
