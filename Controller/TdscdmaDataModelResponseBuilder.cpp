@@ -190,13 +190,20 @@ std::string CTdscdmaDataModelResponseBuilder::GetAfcDataModel(QJsonObject model,
                             {group + "capId.trait.defaultValue", QString::number(data.capId), "Update cap ID failed"}});
 }
 
-std::string CTdscdmaDataModelResponseBuilder::GetTadcDataModel(QJsonObject model, CTdscdmaTadc::AdcTable adc)
+bool CTdscdmaDataModelResponseBuilder::SetTadcTable(QJsonObject &model, const CTdscdmaTadc::AdcTable &adc)
 {
     for (int i = 0; i < CTdscdmaTadc::kAdcCount; ++i) {
         const QString path = QString("cmdIf.response.group2.memberProperty.adc%1.trait.defaultValue").arg(i);
         if (!SetJsonValue(model, path, QString::number(adc[size_t(i)])))
-            return BuildEmptyModelString();
+            return false;
     }
+    return true;
+}
+
+std::string CTdscdmaDataModelResponseBuilder::GetTadcDataModel(QJsonObject model, CTdscdmaTadc::AdcTable adc)
+{
+    if (!SetTadcTable(model, adc))
+        return BuildEmptyModelString();
     return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
 }
 

@@ -38,6 +38,8 @@ public:
     // The ADC table as the defaults of the "TADC" model's "adc0" to "adc7".
     // A model without them gives the bare empty model.
     std::string GetTadcDataModel(QJsonObject model, CTdscdmaTadc::AdcTable adc);
+    // The same into `model` itself; false at the first member it lacks.
+    bool SetTadcTable(QJsonObject &model, const CTdscdmaTadc::AdcTable &adc);
     // A measure's text (a number, or "Error") as the default of the "adc" label.
     std::string UpdateTadcMeasureResult(QJsonObject model, QString result);
     std::string UpdateRssiResult(QJsonObject model, bool isAgcEx, SRssiResult result);

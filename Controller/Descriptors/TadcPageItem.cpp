@@ -1,7 +1,5 @@
 #include "TadcPageItem.h"
 
-#include <QJsonDocument>
-
 #include "ItemInfo.h"
 #include "Items/TdscdmaTadc.h"
 #include "TdscdmaDataModelCapUpdater.h"
@@ -31,9 +29,7 @@ void CTadcPageItem::Test(STestRun &run)
         run.errorMessage = m_tadcObj.GetErrorMessage();
     // The page takes the whole model back: the table keeps what it showed,
     // edits included.
-    const QJsonObject shown =
-        QJsonDocument::fromJson(QByteArray::fromStdString(m_responseBuilder.GetTadcDataModel(
-                                    run.request, m_cmdBuilder.GetTadcCalDataCmd(run.request))))
-            .object();
+    QJsonObject shown = run.request;
+    m_responseBuilder.SetTadcTable(shown, m_cmdBuilder.GetTadcCalDataCmd(run.request));
     run.resultModel = m_responseBuilder.UpdateTadcMeasureResult(shown, measured ? QString::number(value) : "Error");
 }
