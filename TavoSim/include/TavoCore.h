@@ -289,6 +289,124 @@ TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StartRec_r(int handle, uint32_t 
 TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StopRec_Ex_r(int handle, uint32_t timeoutMs, uint32_t *status);
 TAVO_API TAVO_RESULT TAVO_MISC_CalDataIntegrity_StopRec_r(int handle, uint32_t timeoutMs, uint32_t *status);
 
+/* ---- Multi-RAT clock and temperature data ----------------------------------------
+ *
+ * Layer 1 of a multi-RAT radio keeps its AFC data, the GPS co-clock
+ * coefficients and the temperature ADC tables of its RF chips itself, and
+ * hands them over whole by these commands. Which of them a target offers,
+ * and in which version, its multi-RAT capability record tells (and
+ * TAVO_QueryAPISupported_r). The LTE side (E-RF) keeps a GPS co-clock of
+ * its own. A command reads or replaces the whole record; a failed command
+ * changes nothing. */
+
+/* AFC data, version 1: 12 bytes. `slope` is 4096 divided by the Hz per DAC
+ * step. Bytes 2 and 3 are not used (0). */
+typedef struct {
+    uint16_t initAfcDac;
+    int16_t reserved;
+    int32_t slope;
+    uint32_t capId;
+} TavoMMAfcData;
+
+/* Version 2: 16 bytes, the crystal's load value for its low power mode added. */
+typedef struct {
+    uint16_t initAfcDac;
+    int16_t reserved;
+    int32_t slope;
+    uint32_t capId;
+    uint32_t cload;
+} TavoMMAfcDataV2;
+
+/* Version 3: 16 bytes, the AAC value in bytes 2 and 3. */
+typedef struct {
+    uint16_t initAfcDac;
+    int16_t aac;
+    int32_t slope;
+    uint32_t capId;
+    uint32_t cload;
+} TavoMMAfcDataV3;
+
+TAVO_API TAVO_RESULT TAVO_MMAfc_GetData(int handle, uint32_t timeoutMs, TavoMMAfcData *data);
+TAVO_API TAVO_RESULT TAVO_MMAfc_SetData(int handle, uint32_t timeoutMs, const TavoMMAfcData *data);
+TAVO_API TAVO_RESULT TAVO_MMAfc_GetDataV2(int handle, uint32_t timeoutMs, TavoMMAfcDataV2 *data);
+TAVO_API TAVO_RESULT TAVO_MMAfc_SetDataV2(int handle, uint32_t timeoutMs, const TavoMMAfcDataV2 *data);
+TAVO_API TAVO_RESULT TAVO_MMAfc_GetDataV3(int handle, uint32_t timeoutMs, TavoMMAfcDataV3 *data);
+TAVO_API TAVO_RESULT TAVO_MMAfc_SetDataV3(int handle, uint32_t timeoutMs, const TavoMMAfcDataV3 *data);
+
+/* GPS co-clock coefficients of layer 1 in fixed point: C0 times 2^28, C1
+ * times 2^30, the second and third order coefficients times 2^31. A request
+ * carries them as floats first and in fixed point after; the target keeps
+ * the fixed point values. */
+#define TAVO_GPS_C0_SCALE 268435456.0       /* 2^28 */
+#define TAVO_GPS_C1_SCALE 1073741824.0      /* 2^30 */
+#define TAVO_GPS_COEFFICIENT_SCALE 2147483648.0 /* 2^31, second and third order */
+
+typedef struct {
+    int32_t c0;
+    int32_t c1;
+} TavoMMGpsCoClockCnf;
+
+typedef struct {
+    float c0;
+    float c1;
+    int32_t c0Fixed;
+    int32_t c1Fixed;
+} TavoMMGpsCoClockReq;
+
+typedef struct {
+    int32_t c0;
+    int32_t c1;
+    int32_t coefficient2;
+    int32_t coefficient3;
+} TavoMMGpsCoClockV3Cnf;
+
+typedef struct {
+    float c0;
+    float c1;
+    float coefficient2;
+    float coefficient3;
+    int32_t c0Fixed;
+    int32_t c1Fixed;
+    int32_t coefficient2Fixed;
+    int32_t coefficient3Fixed;
+} TavoMMGpsCoClockV3Req;
+
+/* Version 1 carries C0 and C1 alone; its write leaves the other two as they were. */
+TAVO_API TAVO_RESULT TAVO_MMGps_GetCoClock(int handle, uint32_t timeoutMs, TavoMMGpsCoClockCnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMGps_SetCoClock(int handle, uint32_t timeoutMs, const TavoMMGpsCoClockReq *req);
+TAVO_API TAVO_RESULT TAVO_MMGps_GetCoClockV3(int handle, uint32_t timeoutMs, TavoMMGpsCoClockV3Cnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMGps_SetCoClockV3(int handle, uint32_t timeoutMs, const TavoMMGpsCoClockV3Req *req);
+
+/* The E-RF side's GPS co-clock, C0 and C1 as floats. Its write takes the
+ * record before the time-out. */
+typedef struct {
+    float c0;
+    float c1;
+} TavoERfCoClock;
+
+TAVO_API TAVO_RESULT TAVO_ERf_GetCoClock(int handle, uint32_t timeoutMs, TavoERfCoClock *cnf);
+TAVO_API TAVO_RESULT TAVO_ERf_SetCoClock(int handle, const TavoERfCoClock *req, uint32_t timeoutMs);
+
+/* Temperature ADC tables of the RF chips: one row of 8 ADC values for each
+ * chip, 8 rows; the target's multi-RAT capability tells how many it uses.
+ * The read's confirm is 144 bytes: a status word, the 128 bytes of the
+ * table from byte 4, and 12 bytes the target keeps for itself. */
+#define TAVO_MMTADC_RFIC_MAX 8
+#define TAVO_MMTADC_POINTS 8
+
+typedef struct {
+    uint16_t table[TAVO_MMTADC_RFIC_MAX][TAVO_MMTADC_POINTS];
+} TavoMMTadcData;
+
+typedef struct {
+    uint32_t status;
+    TavoMMTadcData data;
+    uint8_t reserved[12];
+} TavoMMTadcCnf;
+
+TAVO_API TAVO_RESULT TAVO_MMTadc_GetData(int handle, uint32_t timeoutMs, TavoMMTadcCnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMTadc_SetData(int handle, uint32_t timeoutMs, const TavoMMTadcData *data);
+
 /* ---- Text ------------------------------------------------------------------ */
 
 /* Readable text of a result; never null, may be empty. */
