@@ -102,11 +102,7 @@ SRatSupportStatus CTdscdmaCore::DetermineRatSupportStatus()
 
     // A connection that cannot name its modem is taken for a non-C2K one:
     // the capability queries below then tell what the target is.
-    const int handle = m_targetAccess.GetHandle();
-    int modemIndex = 0;
-    int service = TAVO_MD_SRV_NONE;
-    if (TavoConn_GetMdActiveIdx(handle, &modemIndex) == TAVO_OK &&
-        TavoConn_GetMdSrv(handle, modemIndex, &service) == TAVO_OK && service == TAVO_MD_SRV_C2K)
+    if (IsC2kModem())
         return decide(SRatSupportStatus::NOT_SUPPORTED, "It is C2K modem now.");
 
     bool worldModeSaysSupported = false;
@@ -159,14 +155,7 @@ bool CTdscdmaCore::IsTargetServed()
     return GetRatSupportStatus().status != SRatSupportStatus::NOT_SUPPORTED;
 }
 
-void CTdscdmaCore::ResetCapability()
-{
-    CTdscdmaCapability::ResetTdscdmaCapability();
-    CGsmRfCapability::ResetGsmRfCapability();
-    CMmrfCapability::ResetMmrfCapability();
-    CLteRfCapability::ResetLteRfCapability();
-    CFddRfCapability::ResetFddRfCapability();
-}
+void CTdscdmaCore::ResetCapability() { ResetCapabilityAnswers(); }
 
 bool CTdscdmaCore::IsNeedDb()
 {

@@ -1,5 +1,6 @@
 #include "AfcCalItem.h"
 
+#include "GeneralCore.h"
 #include "ItemInfo.h"
 
 CAfcCalItem::CAfcCalItem() : CCalItemDescriptor(CAL_ITEM_AFC, CalItemInfo(CAL_ITEM_AFC).name) {}
@@ -18,4 +19,12 @@ void CAfcCalItem::SetCalibrationData(const QJsonObject &model) { m_afcObj.SetAfc
 std::string CAfcCalItem::GetCalibrationData(const QJsonObject &model)
 {
     return m_responseBuilder.GetAfcDataModel(model, m_afcObj.GetAfcData());
+}
+
+SCalDataRoute CAfcCalItem::Route(IRfCoreCalDataOperation *owner)
+{
+    if (!m_mmrfCapability.IsAfcByL1())
+        return CCalItemDescriptor::Route(owner);
+    CGeneralCore *general = CGeneralCore::GetInstance();
+    return {general, general->GetGeneralItemName(GENERAL_ITEM_MMRF_AFC)};
 }

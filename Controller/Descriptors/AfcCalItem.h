@@ -7,8 +7,9 @@
 #include "TdscdmaDataModelResponseBuilder.h"
 
 // "AFC": the AFC calibration data of targets whose layer 1 does not keep
-// them itself (there the multi-RAT AFC item stands in its place). The page
-// "AFC Control" shows them in its response group.
+// them itself. The page "AFC Control" shows them in its response group; on
+// targets whose layer 1 keeps them the page's data go to the general
+// controller's multi-RAT AFC item instead.
 class CAfcCalItem : public CCalItemDescriptor {
 public:
     CAfcCalItem();
@@ -16,6 +17,8 @@ public:
     bool IsSupported() override;
     bool IsInFile(TIniFile *file) override;
     int Move(ECalDataMovement movement, TIniFile *file, QString &errorMessage) override;
+    // The general controller's "MMRF AFC" on targets whose layer 1 keeps the AFC data.
+    SCalDataRoute Route(IRfCoreCalDataOperation *owner) override;
     void SetCalibrationData(const QJsonObject &model) override;
     std::string GetCalibrationData(const QJsonObject &model) override;
 

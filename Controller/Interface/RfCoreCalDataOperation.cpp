@@ -4,6 +4,7 @@
 
 #include "PoolRun.h"
 #include "RadbenchLog.h"
+#include "TavoApp.h"
 
 namespace {
 
@@ -25,6 +26,24 @@ void IRfCoreCalDataOperation::SetErrorMessage(const QString &message)
 {
     std::lock_guard<std::mutex> lock(m_stateLock);
     m_errorMessage = message;
+}
+
+bool IRfCoreCalDataOperation::IsC2kModem()
+{
+    const int handle = m_targetAccess.GetHandle();
+    int modemIndex = 0;
+    int service = TAVO_MD_SRV_NONE;
+    return TavoConn_GetMdActiveIdx(handle, &modemIndex) == TAVO_OK &&
+           TavoConn_GetMdSrv(handle, modemIndex, &service) == TAVO_OK && service == TAVO_MD_SRV_C2K;
+}
+
+void IRfCoreCalDataOperation::ResetCapabilityAnswers()
+{
+    CTdscdmaCapability::ResetTdscdmaCapability();
+    CGsmRfCapability::ResetGsmRfCapability();
+    CMmrfCapability::ResetMmrfCapability();
+    CLteRfCapability::ResetLteRfCapability();
+    CFddRfCapability::ResetFddRfCapability();
 }
 
 // ---- What a target and a file offer ------------------------------------------

@@ -97,6 +97,11 @@ protected:
     // its result, whatever the others gave; then the movement's done signal.
     void RunMovement(SCalDataRun &run);
     void SetErrorMessage(const QString &message);
+    // Whether the connection serves a C2K modem; a connection that cannot
+    // tell is taken for another one.
+    bool IsC2kModem();
+    // Forgets the answers of every capability class.
+    static void ResetCapabilityAnswers();
     // Comes right before a signal that receivers on other threads take: what
     // the run did is then theirs to see (Platform/ThreadHandOff.h).
     static void HandOverToReceivers() { Platform::HandOffRelease(Platform::EHandOff::EventQueue); }

@@ -9,7 +9,7 @@ QString IGeneralOperation::TavoResultText(TAVO_RESULT result)
 
 uint32_t IGeneralOperation::FailWithTavoResult(uint32_t code, TAVO_RESULT result)
 {
-    m_errorMessage = TavoResultText(result);
+    m_errorMessage = DescribeTavoResult(result);
     return code;
 }
 

@@ -28,7 +28,11 @@ protected:
     // "TAVO_RESULT = " and the library's text of `result`.
     static QString TavoResultText(TAVO_RESULT result);
 
-    // Keeps TavoResultText(result) as the error text and gives `code`.
+    // How a failed library call reads in this object's error text:
+    // TavoResultText by default; objects that report the library's text
+    // alone override it.
+    virtual QString DescribeTavoResult(TAVO_RESULT result) const { return TavoResultText(result); }
+    // Keeps DescribeTavoResult(result) as the error text and gives `code`.
     uint32_t FailWithTavoResult(uint32_t code, TAVO_RESULT result);
     // Code 2 with kDataNotValidText.
     uint32_t FailDataNotValid();

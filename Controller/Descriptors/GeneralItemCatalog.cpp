@@ -1,0 +1,48 @@
+#include "GeneralItemCatalog.h"
+
+#include "Capability/LteRfCapability.h"
+#include "Capability/MmrfCapability.h"
+#include "ItemInfo.h"
+#include "Items/GpsCoClock.h"
+#include "Items/MultiRatTadc.h"
+#include "MmrfAfcCalItem.h"
+#include "ObjectCalItem.h"
+
+namespace {
+
+// A general item whose data no object of the tool moves yet.
+std::unique_ptr<CCalItemDescriptor> Pending(int id, std::function<bool()> isSupported = {})
+{
+    return std::make_unique<CCalItemDescriptor>(id, GetGeneralItemName(id), std::move(isSupported));
+}
+
+template <typename Item>
+std::unique_ptr<CCalItemDescriptor> Served(int id, std::function<bool()> isSupported)
+{
+    return std::make_unique<CObjectCalItem<Item>>(id, GetGeneralItemName(id), std::move(isSupported));
+}
+
+} // namespace
+
+SGeneralItemCatalog SGeneralItemCatalog::Create()
+{
+    SGeneralItemCatalog catalog;
+    catalog.calItems.push_back(Pending(GENERAL_ITEM_IMEI));
+    catalog.calItems.push_back(Pending(GENERAL_ITEM_BARCODE));
+    // The co-clock has a home on the target when the E-RF side keeps it or
+    // the database knows its NVRAM record.
+    catalog.calItems.push_back(Served<CGpsCoClock>(GENERAL_ITEM_GPS_CO_CLOCK, [] {
+        CLteRfCapability lte;
+        return lte.IsGpsCoClockByErf() || TAVO_NVRAM_LidExists(CGpsCoClock::kLid) == TAVO_OK;
+    }));
+    catalog.calItems.push_back(Served<CMultiRatTadc>(GENERAL_ITEM_MULTIRAT_TADC, [] {
+        CMmrfCapability mmrf;
+        return mmrf.IsTadcByL1();
+    }));
+    catalog.calItems.push_back(std::make_unique<CMmrfAfcCalItem>());
+    catalog.calItems.push_back(Pending(GENERAL_ITEM_MMRF_SELF_CAL, [] {
+        CMmrfCapability mmrf;
+        return mmrf.IsMmrfSelfCalSupported();
+    }));
+    return catalog;
+}
