@@ -7,13 +7,27 @@
 #include "Items/MultiRatTadc.h"
 #include "MmrfAfcCalItem.h"
 #include "ObjectCalItem.h"
+#include "TIniFile.h"
 
 namespace {
 
-// A general item whose data no object of the tool moves yet.
-std::unique_ptr<CCalItemDescriptor> Pending(int id, std::function<bool()> isSupported = {})
+// A general item whose data no object of the tool moves yet (each movement
+// gives 2), but which a file may already hold.
+class CPendingItem : public CCalItemDescriptor {
+public:
+    CPendingItem(int id, const char *section, std::function<bool()> isSupported)
+        : CCalItemDescriptor(id, GetGeneralItemName(id), std::move(isSupported)), m_section(section)
+    {
+    }
+    bool IsInFile(TIniFile *file) override { return file && file->IsSectionExist(m_section); }
+
+private:
+    const char *const m_section;
+};
+
+std::unique_ptr<CCalItemDescriptor> Pending(int id, const char *section, std::function<bool()> isSupported = {})
 {
-    return std::make_unique<CCalItemDescriptor>(id, GetGeneralItemName(id), std::move(isSupported));
+    return std::make_unique<CPendingItem>(id, section, std::move(isSupported));
 }
 
 template <typename Item>
@@ -27,8 +41,8 @@ std::unique_ptr<CCalItemDescriptor> Served(int id, std::function<bool()> isSuppo
 SGeneralItemCatalog SGeneralItemCatalog::Create()
 {
     SGeneralItemCatalog catalog;
-    catalog.calItems.push_back(Pending(GENERAL_ITEM_IMEI));
-    catalog.calItems.push_back(Pending(GENERAL_ITEM_BARCODE));
+    catalog.calItems.push_back(Pending(GENERAL_ITEM_IMEI, "IMEI"));
+    catalog.calItems.push_back(Pending(GENERAL_ITEM_BARCODE, "Barcode"));
     // The co-clock has a home on the target when the E-RF side keeps it or
     // the database knows its NVRAM record.
     catalog.calItems.push_back(Served<CGpsCoClock>(GENERAL_ITEM_GPS_CO_CLOCK, [] {
@@ -40,7 +54,7 @@ SGeneralItemCatalog SGeneralItemCatalog::Create()
         return mmrf.IsTadcByL1();
     }));
     catalog.calItems.push_back(std::make_unique<CMmrfAfcCalItem>());
-    catalog.calItems.push_back(Pending(GENERAL_ITEM_MMRF_SELF_CAL, [] {
+    catalog.calItems.push_back(Pending(GENERAL_ITEM_MMRF_SELF_CAL, "RF SELF CALIBRATION", [] {
         CMmrfCapability mmrf;
         return mmrf.IsMmrfSelfCalSupported();
     }));

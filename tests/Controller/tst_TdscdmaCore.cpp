@@ -5,6 +5,7 @@
 
 #include "FakeItems.h"
 #include "JsonPath.h"
+#include "MovementLog.h"
 #include "SimScope.h"
 #include "TdscdmaCore.h"
 
@@ -32,32 +33,14 @@ QString Request(const char *group1, const char *group2 = nullptr)
     return QJsonDocument(model).toJson(QJsonDocument::Compact);
 }
 
-// What the controller told, in the order it told it.
-struct SCoreLog {
-    QObject receiver;
-    QList<int> progress;
-    QStringList done; // the done signals of the movements
-    bool isAllSuccess = false;
-    QStringList results;                      // of the movements: "name:code:message"
-    QVector<SEachItemOperationResult> others; // of the tests, their stops and the arming
-    std::string answer;                       // of the last test
+// What the controller told, in the order it told it: its movements, and
+// the results of its tests, their stops and the arming.
+struct SCoreLog : SMovementLog {
+    QVector<SEachItemOperationResult> others;
+    std::string answer; // of the last test
 
-    explicit SCoreLog(CTdscdmaCore *core)
+    explicit SCoreLog(CTdscdmaCore *core) : SMovementLog(core)
     {
-        QObject::connect(core, &IRfCoreCalDataOperation::Signal_FinishItemCount, &receiver,
-                         [this](int count, SEachItemOperationResult) { progress << count; });
-        const auto onDone = [this, core](auto signal, const char *name) {
-            QObject::connect(core, signal, &receiver, [this, name](bool all, QVector<SEachItemOperationResult> items) {
-                done << name;
-                isAllSuccess = all;
-                for (const SEachItemOperationResult &item : items)
-                    results << QString("%1:%2:%3").arg(item.itemName).arg(item.errorCode).arg(item.errorMessage);
-            });
-        };
-        onDone(&IRfCoreCalDataOperation::Signal_UploadFromFlashDone, "upload");
-        onDone(&IRfCoreCalDataOperation::Signal_DownloadToFlashDone, "download");
-        onDone(&IRfCoreCalDataOperation::Signal_LoadFromFileDone, "load");
-        onDone(&IRfCoreCalDataOperation::Signal_SaveToFileDone, "save");
         QObject::connect(core, &CTdscdmaCore::Signal_TestDone, &receiver,
                          [this](SEachItemOperationResult result, std::string text) {
                              others << result;
