@@ -74,6 +74,66 @@ QString Shown(const std::string &model)
     return defaults.join(' ');
 }
 
+// Runs one movement of the general controller to its end; its results as
+// "name:code:message", and whether all succeeded.
+QStringList Run(ECalDataMovement movement, const QStringList &items, TIniFile *file = nullptr, bool *allOk = nullptr)
+{
+    CGeneralCore *core = CGeneralCore::GetInstance();
+    SMovementLog log(core);
+    switch (movement) {
+    case ECalDataMovement::UploadFromFlash:
+        core->UploadFromFlash(items);
+        break;
+    case ECalDataMovement::DownloadToFlash:
+        core->DownloadToFlash(items);
+        break;
+    case ECalDataMovement::LoadFromFile:
+        core->LoadFromFile(file, items);
+        break;
+    case ECalDataMovement::SaveToFile:
+        core->SaveToFile(file, items);
+        break;
+    }
+    if (!QTest::qWaitFor([&log] { return !log.done.isEmpty(); }, 5000))
+        return {"no end"};
+    if (allOk)
+        *allOk = log.isAllSuccess;
+    return log.results;
+}
+
+QStringList Succeeded(const QStringList &items)
+{
+    QStringList results;
+    for (const QString &item : items)
+        results << item + ":0:";
+    return results;
+}
+
+// The target's clock and temperature data in layer 1, on the E-RF side and
+// in the co-clock's NVRAM record.
+const QStringList kRecords{"MMRF_AFC", "MMRF_GPS_CO_CLOCK", "ERF_GPS_CO_CLOCK", "MMRF_TADC",
+                           "NVRAM_EF_GPS_CO_CLOCK_DATA_LID"};
+
+// Gives every one of them other values than the target had.
+bool ChangeTargetData()
+{
+    QJsonArray table;
+    for (int i = 0; i < 64; ++i)
+        table << 9 + i;
+    const QJsonObject records{
+        {"MMRF_AFC", QJsonObject{{"initAfcDac", 1}, {"aac", 2}, {"slope", 3}, {"capId", 4}, {"cload", 5}}},
+        {"MMRF_GPS_CO_CLOCK", QJsonObject{{"c0", 6}, {"c1", 7}, {"coefficient2", 8}, {"coefficient3", 9}}},
+        {"ERF_GPS_CO_CLOCK", QJsonObject{{"c0", 0.5}, {"c1", 0.75}}},
+        {"MMRF_TADC", QJsonObject{{"table", table}}},
+        {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID", QJsonObject{{"C0", 2.0}, {"C1", 3.0}, {"initU", 4.0}, {"lastU", 5.0}}}};
+    QJsonObject target;
+    for (auto it = records.begin(); it != records.end(); ++it) {
+        if (!TavoSim::NvramRecord(it.key()).isEmpty())
+            target.insert(it.key(), it.value());
+    }
+    return TavoSim::PatchProfile({{"nvram", QJsonObject{{"records", target}}}});
+}
+
 } // namespace
 
 class TestGeneralCore : public QObject {
@@ -189,6 +249,108 @@ private slots:
         QTEST(core->GetSupportItem(), "target");
         QTEST(core->GetSupportItemFromFile(&file), "file");
         QCOMPARE(core->GetSupportItemFromFile(nullptr), QStringList());
+    }
+
+    void roundTrip_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QStringList>("items");
+        QTest::newRow("layer 1: AFC v3, co-clock v3, TADC of 2 chips")
+            << "modern-l1" << QStringList{"GPS Co-Clock", "MultiRat Tadc", "MMRF AFC"};
+        QTest::newRow("layer 1: AFC v2, co-clock v1") << "hybrid-l1" << QStringList{"GPS Co-Clock", "MMRF AFC"};
+        QTest::newRow("AFC v1, co-clock on the E-RF side alone")
+            << "afc-v1-gps-erf" << QStringList{"GPS Co-Clock", "MMRF AFC"};
+        QTest::newRow("co-clock in NVRAM and on the E-RF side") << "default" << QStringList{"GPS Co-Clock"};
+        QTest::newRow("co-clock in NVRAM") << "legacy-v1" << QStringList{"GPS Co-Clock"};
+    }
+    // Target → file; a target with other data takes the file; what it then
+    // gives to a file is the first file, byte for byte.
+    void roundTrip()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QStringList, items);
+        QVERIFY(UseTarget(profile));
+        QTemporaryDir dir;
+        const QString first = dir.filePath("first.ini"), second = dir.filePath("second.ini");
+        const auto exportTo = [&items](const QString &path) {
+            QCOMPARE(Run(ECalDataMovement::UploadFromFlash, items), Succeeded(items));
+            TIniFile file(path);
+            QCOMPARE(Run(ECalDataMovement::SaveToFile, items, &file), Succeeded(items));
+            QVERIFY(file.Save());
+        };
+        exportTo(first);
+        const QList<QByteArray> original = NvramRecords::Read(kRecords);
+        QVERIFY(ChangeTargetData());
+        QVERIFY(NvramRecords::Read(kRecords) != original);
+        {
+            TIniFile file(first);
+            QCOMPARE(Run(ECalDataMovement::LoadFromFile, items, &file), Succeeded(items));
+            QCOMPARE(Run(ECalDataMovement::DownloadToFlash, items), Succeeded(items));
+        }
+        exportTo(second);
+        QCOMPARE(TestFiles::Read(second), TestFiles::Read(first));
+    }
+
+    void coClockWays_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QStringList>("writes"); // the co-clock's writes of a download, in order
+        QTest::newRow("NVRAM") << "legacy-v1" << QStringList{"TAVO_NVRAM_Write_r"};
+        QTest::newRow("NVRAM, then E-RF") << "default" << QStringList{"TAVO_NVRAM_Write_r", "TAVO_ERf_SetCoClock"};
+        QTest::newRow("E-RF alone") << "afc-v1-gps-erf" << QStringList{"TAVO_ERf_SetCoClock"};
+        QTest::newRow("layer 1 v1") << "hybrid-l1" << QStringList{"TAVO_MMGps_SetCoClock"};
+        QTest::newRow("layer 1 v3") << "modern-l1" << QStringList{"TAVO_MMGps_SetCoClockV3"};
+    }
+    // Every write to the target lies in an integrity record, but layer 1's.
+    void coClockWays()
+    {
+        QFETCH(QString, profile);
+        QFETCH(QStringList, writes);
+        QVERIFY(UseTarget(profile));
+        const QStringList items{"GPS Co-Clock"};
+        QCOMPARE(Run(ECalDataMovement::UploadFromFlash, items), Succeeded(items));
+        TavoSim::ClearCallLog();
+        QCOMPARE(Run(ECalDataMovement::DownloadToFlash, items), Succeeded(items));
+        QStringList made;
+        for (const TavoSim::CallRecord &call : TavoSim::CallLog()) {
+            if (call.name.contains("Write_r") || call.name.contains("SetCoClock")) {
+                made << call.name;
+                QCOMPARE(call.integrityScope != 0, !call.name.startsWith("TAVO_MMGps"));
+            }
+        }
+        QCOMPARE(made, writes);
+    }
+
+    // A record of another size than the co-clock's cannot be taken apart.
+    void coClockRecordOfAnotherSize()
+    {
+        QVERIFY(UseTarget("legacy-v1", {{"database", QJsonObject{{"recordSizes",
+                                                                  QJsonObject{{"NVRAM_EF_GPS_CO_CLOCK_DATA_LID", 20}}}}}}));
+        QCOMPARE(Run(ECalDataMovement::UploadFromFlash, {"GPS Co-Clock"}).value(0).section(':', 0, 1),
+                 QString("GPS Co-Clock:101"));
+    }
+
+    // A write that fails in the middle of a download: that item fails with
+    // the library's text and keeps the target's data; the others are written.
+    void failingCallMidMovement()
+    {
+        QVERIFY(UseTarget("modern-l1"));
+        const QStringList items{"GPS Co-Clock", "MultiRat Tadc", "MMRF AFC"};
+        QCOMPARE(Run(ECalDataMovement::UploadFromFlash, items), Succeeded(items));
+        const QList<QByteArray> uploaded = NvramRecords::Read(kRecords);
+        QVERIFY(ChangeTargetData());
+        const QList<QByteArray> changed = NvramRecords::Read(kRecords);
+        TavoSim::FailAlways("TAVO_MMTadc_SetData");
+        bool allOk = true;
+        QCOMPARE(Run(ECalDataMovement::DownloadToFlash, items, nullptr, &allOk),
+                 (QStringList{"GPS Co-Clock:0:",
+                              "MultiRat Tadc:3:TAVO_RESULT = " + QString(TAVO_GetResultText(TAVO_ERR_FAILED)),
+                              "MMRF AFC:0:"}));
+        QVERIFY(!allOk);
+        const QList<QByteArray> after = NvramRecords::Read(kRecords);
+        QCOMPARE(after[0], uploaded[0]);
+        QCOMPARE(after[1], uploaded[1]);
+        QCOMPARE(after[3], changed[3]);
     }
 
     void afcModel_data()

@@ -3,12 +3,15 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTemporaryDir>
+#include <QtEndian>
 #include <QtTest>
 
 #include <cmath>
 
 #include "ModalBoxCatcher.h"
 #include "TavoSimControl.h"
+#include "TavoPluginInterface.h"
 #include "ToolSession.h"
 
 namespace {
@@ -146,6 +149,30 @@ private slots:
         QVERIFY(m_tool.Press(m_page, "m_btnWrite", "Write data to target successfully."));
         QCOMPARE(int(TargetAfc().initAfcDac), 4321);
         QCOMPARE(int(TargetAfc().slopeInverse), 819);
+    }
+
+    // On a target whose layer 1 keeps the AFC data, Read, Export, Write and
+    // Import move them through its AFC commands, never the AFC record.
+    void layerOneData()
+    {
+        m_tool.Plugin()->HideTool();
+        m_tool.Plugin()->ResetPlugin();
+        QVERIFY(m_page = OpenPage("CTdscdmaAfcDockWidget", "modern-l1"));
+        QTemporaryDir dir;
+        auto *init = Find<QSpinBox>(m_page, "cmdIf_response_group1_memberProperty_initAfcdac");
+        QVERIFY(m_tool.Press(m_page, "m_btnRead", "Read data from target successfully."));
+        QCOMPARE(init->value(), 4120);
+        ModalBoxCatcher dialogs;
+        dialogs.AnswerFileDialogs({dir.filePath("afc.ini")});
+        QVERIFY(m_tool.Press(m_page, "m_btnExport", "Export data to file successfully."));
+        init->setValue(4321);
+        QVERIFY(m_tool.Press(m_page, "m_btnWrite", "Write data to target successfully."));
+        QCOMPARE(qFromLittleEndian<quint16>(TavoSim::NvramRecord("MMRF_AFC").constData()), quint16(4321));
+        dialogs.AnswerFileDialogs({dir.filePath("afc.ini")});
+        QVERIFY(m_tool.Press(m_page, "m_btnImport", "Import data from file successfully."));
+        QCOMPARE(init->value(), 4120);
+        const QStringList afcCalls = TavoSim::CallNames().filter(QRegularExpression("MMAfc|NVRAM_(Read|Write)"));
+        QCOMPARE(afcCalls, (QStringList{"TAVO_MMAfc_GetDataV3", "TAVO_MMAfc_SetDataV3"}));
     }
 
 private:
