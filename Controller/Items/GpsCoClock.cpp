@@ -130,26 +130,19 @@ TAVO_RESULT CGpsCoClock::PrepareNvramBuffers()
     return result;
 }
 
-TAVO_RESULT CGpsCoClock::DecomposeNvramData()
-{
-    if (m_rawSize != kRecordSize)
-        return TAVO_ERR_FAILED;
-    for (auto [field, value] : {std::pair<const char *, float *>{"C0", &C0}, {"C1", &C1}, {"initU", &initU},
-                                {"lastU", &lastU}}) {
-        const TAVO_RESULT result = TAVO_NVRAM_GetField(kLid, field, m_rawBuffer.data(), m_rawSize, value, sizeof *value);
-        if (result != TAVO_OK)
-            return result;
-    }
-    return TAVO_OK;
-}
+TAVO_RESULT CGpsCoClock::DecomposeNvramData() { return MoveFields(false); }
 
-TAVO_RESULT CGpsCoClock::ComposeNvramData()
+TAVO_RESULT CGpsCoClock::ComposeNvramData() { return MoveFields(true); }
+
+TAVO_RESULT CGpsCoClock::MoveFields(bool toRecord)
 {
     if (m_rawSize != kRecordSize)
         return TAVO_ERR_FAILED;
-    for (auto [field, value] : {std::pair<const char *, float *>{"C0", &C0}, {"C1", &C1}, {"initU", &initU},
-                                {"lastU", &lastU}}) {
-        const TAVO_RESULT result = TAVO_NVRAM_SetField(kLid, field, m_rawBuffer.data(), m_rawSize, value, sizeof *value);
+    const std::pair<const char *, float *> fields[] = {{"C0", &C0}, {"C1", &C1}, {"initU", &initU}, {"lastU", &lastU}};
+    for (const auto &[field, value] : fields) {
+        const TAVO_RESULT result =
+            toRecord ? TAVO_NVRAM_SetField(kLid, field, m_rawBuffer.data(), m_rawSize, value, sizeof *value)
+                     : TAVO_NVRAM_GetField(kLid, field, m_rawBuffer.data(), m_rawSize, value, sizeof *value);
         if (result != TAVO_OK)
             return result;
     }

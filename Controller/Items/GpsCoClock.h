@@ -61,6 +61,9 @@ private:
     void ChooseMethod();
     // Whether "initU" and "lastU" belong to the data: not when the E-RF side alone holds them.
     bool HasUValues();
+    // The four fields between the raw record and the coefficients, stopping
+    // at the first failure; a record of another size than 24 bytes gives 1.
+    TAVO_RESULT MoveFields(bool toRecord);
     TAVO_RESULT ReadL1();
     TAVO_RESULT WriteL1();
     TAVO_RESULT ReadErf();
