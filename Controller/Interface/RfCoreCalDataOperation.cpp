@@ -12,7 +12,11 @@ QJsonObject Parse(const std::string &model) { return QJsonDocument::fromJson(QBy
 
 } // namespace
 
-IRfCoreCalDataOperation::IRfCoreCalDataOperation(QObject *parent) : QObject(parent) {}
+IRfCoreCalDataOperation::IRfCoreCalDataOperation(QObject *parent) : QObject(parent)
+{
+    // The results cross threads in queued signals.
+    RegisterOperationMetaTypes();
+}
 
 IRfCoreCalDataOperation::~IRfCoreCalDataOperation() = default;
 

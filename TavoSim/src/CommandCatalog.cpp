@@ -36,6 +36,24 @@ bool gsmEx2Bit(const TargetProfile &p, int bit)
     return p.hasGsmEx2 && (qFromLittleEndian<quint32>(p.gsmEx2Record.constData()) & (1u << bit)) != 0;
 }
 
+/* A word of the multi-RAT capability record: bit 0 tells whether layer 1
+ * keeps the data, the value above bit 1 (a version, a count) what it keeps. */
+quint32 multiRatWord(const TargetProfile &p, int offset)
+{
+    return p.hasMultiRat ? qFromLittleEndian<quint32>(p.multiRatRecord.constData() + offset) : 0u;
+}
+
+bool afcByL1(const TargetProfile &p, quint32 version)
+{
+    const quint32 word = multiRatWord(p, 68);
+    return (word & 1u) != 0 && ((word >> 2) & 0xffu) >= version;
+}
+
+bool gpsByErf(const TargetProfile &p)
+{
+    return p.hasLte && (qFromLittleEndian<quint32>(p.lteRecord.constData() + 112) & 1u) != 0;
+}
+
 const Entry kCatalog[] = {
     /* Support queries */
     {"TAVO_Util_QueryTargetOptionInfo", [](const TargetProfile &p) { return p.hasOptionInfo; }},
@@ -90,6 +108,24 @@ const Entry kCatalog[] = {
     {"AST_Tavo_NVRAM_Pathloss_Write_r", [](const TargetProfile &p) { return pathlossCommands(p, false); }},
     {"AST_Tavo_NVRAM_Pathloss_8level_Read_r", [](const TargetProfile &p) { return pathlossCommands(p, true); }},
     {"AST_Tavo_NVRAM_Pathloss_8level_Write_r", [](const TargetProfile &p) { return pathlossCommands(p, true); }},
+
+    /* Multi-RAT data of layer 1, by the multi-RAT capability, and the E-RF
+     * side's co-clock. The version 3 co-clock commands come with version 3,
+     * whether or not layer 1 keeps the co-clock. */
+    {"TAVO_MMAfc_GetData", [](const TargetProfile &p) { return afcByL1(p, 0); }},
+    {"TAVO_MMAfc_SetData", [](const TargetProfile &p) { return afcByL1(p, 0); }},
+    {"TAVO_MMAfc_GetDataV2", [](const TargetProfile &p) { return afcByL1(p, 2); }},
+    {"TAVO_MMAfc_SetDataV2", [](const TargetProfile &p) { return afcByL1(p, 2); }},
+    {"TAVO_MMAfc_GetDataV3", [](const TargetProfile &p) { return afcByL1(p, 3); }},
+    {"TAVO_MMAfc_SetDataV3", [](const TargetProfile &p) { return afcByL1(p, 3); }},
+    {"TAVO_MMGps_GetCoClock", [](const TargetProfile &p) { return (multiRatWord(p, 108) & 1u) != 0; }},
+    {"TAVO_MMGps_SetCoClock", [](const TargetProfile &p) { return (multiRatWord(p, 108) & 1u) != 0; }},
+    {"TAVO_MMGps_GetCoClockV3", [](const TargetProfile &p) { return multiRatWord(p, 112) == (3u << 2 | 1u); }},
+    {"TAVO_MMGps_SetCoClockV3", [](const TargetProfile &p) { return multiRatWord(p, 112) == (3u << 2 | 1u); }},
+    {"TAVO_ERf_GetCoClock", gpsByErf},
+    {"TAVO_ERf_SetCoClock", gpsByErf},
+    {"TAVO_MMTadc_GetData", [](const TargetProfile &p) { return (multiRatWord(p, 52) & 1u) != 0; }},
+    {"TAVO_MMTadc_SetData", [](const TargetProfile &p) { return (multiRatWord(p, 52) & 1u) != 0; }},
 
     /* Integrity record ("nvram.integrity") */
     {"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},

@@ -110,6 +110,24 @@ const std::vector<Kind> &table()
          {F("subbandMaxUarfcn", Type::U16, 15), F("subbandLoss", Type::S16, 45), F("subbandLossExt", Type::S16, 75),
           F("tempLoss", Type::S16, 24), F("tempLossExt", Type::S16, 40)},
          1, 0, "Pathloss"},
+
+        /* Layer 1's own data behind the multi-RAT data commands, kept by no
+         * NVRAM record (each names its own kind as what it holds): the AFC
+         * data, the GPS co-clock coefficients in fixed point, the RF chips'
+         * temperature ADC tables (a row of 8 per chip); and the E-RF side's
+         * GPS co-clock. */
+        {"MmAfcStore",
+         {"MMRF_AFC"},
+         {F("initAfcDac", Type::U16, 1), F("aac", Type::S16, 1), F("slope", Type::S32, 1), F("capId", Type::U32, 1),
+          F("cload", Type::U32, 1)},
+         1, 0, "MmAfcStore"},
+        {"MmGpsStore",
+         {"MMRF_GPS_CO_CLOCK"},
+         {F("c0", Type::S32, 1), F("c1", Type::S32, 1), F("coefficient2", Type::S32, 1),
+          F("coefficient3", Type::S32, 1)},
+         1, 0, "MmGpsStore"},
+        {"ErfGpsStore", {"ERF_GPS_CO_CLOCK"}, {F("c0", Type::F32, 1), F("c1", Type::F32, 1)}, 1, 0, "ErfGpsStore"},
+        {"MmTadcStore", {"MMRF_TADC"}, {F("table", Type::U16, 64)}, 1, 0, "MmTadcStore"},
     };
     return kinds;
 }

@@ -48,7 +48,8 @@ struct Kind
     int decodedSize;  /* 0: the kind has no compose and decompose pair */
     /* For a layer-1 store, the kind of NVRAM record whose data it holds,
      * band group for band group (its LIDs in the same order); it starts from
-     * that record's defaults. Null for a record of the database. */
+     * that record's defaults. A store of data no record holds names its own
+     * kind. Null for a record of the database. */
     const char *storeOf = nullptr;
 
     /* Raw size with and without the optional field. */

@@ -132,11 +132,12 @@ const QJsonObject &builtInDefaults()
 
 /* The entries of the built-in defaults that make up a record of `lid`, in
  * the order they are laid: the kind's, then the LID's own. A layer-1 store
- * starts from those of the NVRAM record of its band group. */
+ * of an NVRAM record's data starts from those of the record of its band
+ * group. */
 QStringList defaultsOf(const QString &lid, const NvramLayout::Kind &kind)
 {
     QStringList entries;
-    if (kind.storeOf) {
+    if (kind.storeOf && qstrcmp(kind.storeOf, kind.name) != 0) {
         const NvramLayout::Kind &record = NvramLayout::kind(kind.storeOf);
         const auto band = std::find_if(kind.lids.begin(), kind.lids.end(),
                                        [&](const char *name) { return lid == QLatin1String(name); });

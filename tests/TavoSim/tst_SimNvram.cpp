@@ -401,7 +401,7 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("record 1 of " + QString(kGps) + " does not fit"));
         QVERIFY(TavoSim::PatchProfile(json(R"({"database": {"recordSizes": {"NVRAM_EF_GPS_CO_CLOCK_DATA_LID": 20},
                                                             "maxPaPowerBandGroups": [0]}})")));
-        QCOMPARE(TavoSim::NvramRecord(kGps), QByteArray(20, '\0'));
+        QCOMPARE(TavoSim::NvramRecord(kGps), profileGps.left(20));
         QCOMPARE(TavoSim::NvramRecord(kTxDacLids[1]).size(), 224);
         QCOMPARE(TavoSim::NvramRecord("TL1_TPC_TXDAC_BAND1"), tx);
 
