@@ -545,6 +545,64 @@ private slots:
         QCOMPARE(answer.second.mid(head), kUntouched.mid(head));
         QCOMPARE(layer1Stores(), stores);
     }
+
+    void multiRatWrites_data()
+    {
+        QTest::addColumn<QString>("write");
+        QTest::addColumn<QString>("store");
+        QTest::addColumn<QByteArray>("after"); /* the store's bytes, as hex */
+        /* MMRF_AFC starts 4120, 12, 1638, 160, 88000; MMRF_GPS_CO_CLOCK 2^26, -2^27, 2^27, -2^26. */
+        QTest::newRow("AFC v1 keeps the AAC and load values") << "afc1" << "MMRF_AFC" << QByteArray("01000c000200000003000000c0570100");
+        QTest::newRow("AFC v2 keeps the AAC value") << "afc2" << "MMRF_AFC" << QByteArray("01000c00020000000300000004000000");
+        QTest::newRow("AFC v3 takes all") << "afc3" << "MMRF_AFC" << QByteArray("01000500020000000300000004000000");
+        QTest::newRow("co-clock v1 keeps the higher orders")
+            << "gps1" << "MMRF_GPS_CO_CLOCK" << QByteArray("010000000200000000000008000000fc");
+    }
+    /* A write of an older version replaces only what it carries. */
+    void multiRatWrites()
+    {
+        QFETCH(QString, write);
+        QVERIFY(TavoSim::LoadProfile("modern-l1"));
+        const TavoMMAfcDataV3 afc{1, 5, 2, 3, 4};
+        const TavoMMAfcDataV2 afc2{1, 0, 2, 3, 4};
+        const TavoMMAfcData afc1{1, 0, 2, 3};
+        const TavoMMGpsCoClockReq gps{0.5f, 0.5f, 1, 2};
+        const TAVO_RESULT result = write == "afc1"   ? TAVO_MMAfc_SetData(0, 10000, &afc1)
+                                   : write == "afc2" ? TAVO_MMAfc_SetDataV2(0, 10000, &afc2)
+                                   : write == "afc3" ? TAVO_MMAfc_SetDataV3(0, 10000, &afc)
+                                                     : TAVO_MMGps_SetCoClock(0, 10000, &gps);
+        QCOMPARE(result, TAVO_OK);
+        QFETCH(QString, store);
+        QTEST(TavoSim::NvramRecord(store).toHex(), "after");
+    }
+
+    void multiRatOffers_data()
+    {
+        QTest::addColumn<QString>("profile");
+        QTest::addColumn<QStringList>("offered");
+        QTest::newRow("modern-l1") << "modern-l1"
+                                   << QStringList{"MMAfc_GetData", "MMAfc_GetDataV2", "MMAfc_GetDataV3", "MMGps_GetCoClock",
+                                                  "MMGps_GetCoClockV3", "MMTadc_GetData"};
+        QTest::newRow("hybrid-l1") << "hybrid-l1" << QStringList{"MMAfc_GetData", "MMAfc_GetDataV2", "MMGps_GetCoClock"};
+        QTest::newRow("afc-v1-gps-erf") << "afc-v1-gps-erf"
+                                        << QStringList{"MMAfc_GetData", "ERf_GetCoClock", "MMTadc_GetData"};
+        QTest::newRow("default") << "default" << QStringList{"ERf_GetCoClock"};
+        QTest::newRow("legacy-v1") << "legacy-v1" << QStringList();
+    }
+    void multiRatOffers()
+    {
+        QFETCH(QString, profile);
+        QVERIFY(TavoSim::LoadProfile(profile));
+        QStringList offered;
+        for (const char *call : {"MMAfc_GetData", "MMAfc_GetDataV2", "MMAfc_GetDataV3", "MMGps_GetCoClock",
+                                 "MMGps_GetCoClockV3", "ERf_GetCoClock", "MMTadc_GetData"}) {
+            if (TAVO_QueryAPISupported_r(0, 10000, qPrintable(QString("TAVO_") + call)) == TAVO_OK)
+                offered << call;
+        }
+        QTEST(offered, "offered");
+        TavoMMTadcCnf tadc;
+        QCOMPARE(TAVO_MMTadc_GetData(0, 10000, &tadc) == TAVO_OK, offered.contains("MMTadc_GetData"));
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_SimNvram)
