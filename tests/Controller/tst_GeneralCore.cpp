@@ -9,6 +9,7 @@
 
 #include "GeneralCore.h"
 #include "Items/GpsCoClock.h"
+#include "Items/GsmDcxoLpm.h"
 #include "Items/MmrfAfc.h"
 #include "JsonPath.h"
 #include "ModelUpdateResult.h"
@@ -353,6 +354,28 @@ private slots:
         QCOMPARE(after[0], uploaded[0]);
         QCOMPARE(after[1], uploaded[1]);
         QCOMPARE(after[3], changed[3]);
+    }
+
+    // The low power mode's load value: a file without its section leaves the
+    // file's default and nothing to write; with it the value reaches the
+    // target's record.
+    void dcxoLowPowerMode()
+    {
+        QVERIFY(UseTarget("default"));
+        QTemporaryDir dir;
+        QVERIFY(TestFiles::Write(dir.filePath("bare.ini"), "[IMEI]\n"));
+        QVERIFY(TestFiles::Write(dir.filePath("dcxo.ini"), "[DCXO low power mode data]\ncload = 70000\n"));
+        CGsmDcxoLpm item;
+        TIniFile bare(dir.filePath("bare.ini"));
+        QCOMPARE(int(item.ReadFromFile(&bare)), 0);
+        QCOMPARE(item.GetCload(), 90000);
+        QCOMPARE(int(item.DownloadToFlash()), 2);
+        TIniFile file(dir.filePath("dcxo.ini"));
+        QCOMPARE(int(item.ReadFromFile(&file)), 0);
+        QCOMPARE(int(item.DownloadToFlash()), 0);
+        CGsmDcxoLpm fresh;
+        QCOMPARE(int(fresh.UploadFromFlash()), 0);
+        QCOMPARE(fresh.GetCload(), 70000);
     }
 
     void afcModel_data()
