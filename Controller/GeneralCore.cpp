@@ -1,19 +1,10 @@
 #include "GeneralCore.h"
 
-#include <QCoreApplication>
-#include <QJsonDocument>
-
 #include "Descriptors/GeneralItemCatalog.h"
 #include "Descriptors/MmrfAfcCalItem.h"
 #include "ItemInfo.h"
 #include "ModelUpdateResult.h"
 #include "RadbenchLog.h"
-
-namespace {
-
-QJsonObject Parse(const std::string &model) { return QJsonDocument::fromJson(QByteArray::fromStdString(model)).object(); }
-
-} // namespace
 
 CGeneralCore *CGeneralCore::GetInstance()
 {
@@ -23,11 +14,6 @@ CGeneralCore *CGeneralCore::GetInstance()
 
 CGeneralCore::CGeneralCore()
 {
-    // The controller answers queued to the user interface thread whichever
-    // thread first asked for it.
-    if (QCoreApplication::instance() && thread() != QCoreApplication::instance()->thread())
-        moveToThread(QCoreApplication::instance()->thread());
-    Platform::WatchEventQueueHandOffs();
     CreateItems();
 }
 
@@ -97,11 +83,11 @@ CMmrfAfcCalItem *CGeneralCore::MmrfAfcItem() const
 void CGeneralCore::SetAfcDataFromModel(std::string model, int rat)
 {
     if (CMmrfAfcCalItem *item = MmrfAfcItem())
-        item->SetDataFromModel(Parse(model), rat);
+        item->SetDataFromModel(ParseModel(model), rat);
 }
 
 std::string CGeneralCore::GetModelWithAfcData(std::string model, int rat)
 {
     CMmrfAfcCalItem *item = MmrfAfcItem();
-    return item ? item->GetModelWithData(Parse(model), rat) : BuildEmptyModelString();
+    return item ? item->GetModelWithData(ParseModel(model), rat) : BuildEmptyModelString();
 }

@@ -17,12 +17,6 @@ const char *const kFailedQueryAdvice = "Please check the SW load stability or co
 
 constexpr int kTdscdmaWorldModeBit = 1;
 
-// A request's text as a model; a text that is no JSON gives an empty model.
-QJsonObject Parse(const std::string &request)
-{
-    return QJsonDocument::fromJson(QByteArray::fromStdString(request)).object();
-}
-
 } // namespace
 
 CTdscdmaCore *CTdscdmaCore::GetInstance()
@@ -39,12 +33,6 @@ CTdscdmaCore *CTdscdmaCore::GetInstance()
 
 CTdscdmaCore::CTdscdmaCore()
 {
-    // The controller answers queued to the user interface thread whichever
-    // thread first asked for it.
-    if (QCoreApplication::instance() && thread() != QCoreApplication::instance()->thread())
-        moveToThread(QCoreApplication::instance()->thread());
-    // Its answers reach the user interface thread through the event queue.
-    Platform::WatchEventQueueHandOffs();
     CreateItems();
 }
 
@@ -231,7 +219,7 @@ void CTdscdmaCore::TestInternal(QString item, std::string request)
 {
     STestRun run;
     run.item = item;
-    run.request = Parse(request);
+    run.request = ParseModel(request);
     try {
         if (CPageItemDescriptor *page = m_pageItemMap.ByName(item))
             page->Test(run);
@@ -254,7 +242,7 @@ void CTdscdmaCore::TestStopInternal(QString item, std::string request)
 {
     STestRun run;
     run.item = item;
-    run.request = Parse(request);
+    run.request = ParseModel(request);
     try {
         // An empty item, and every item without a stop of its own, takes the common stop.
         CPageItemDescriptor *page = item.isEmpty() ? nullptr : m_pageItemMap.ByName(item);
@@ -278,7 +266,7 @@ void CTdscdmaCore::RegWrite(std::string request) { RunInPool(this, &CTdscdmaCore
 
 void CTdscdmaCore::RegReadInternal(std::string request)
 {
-    const QJsonObject model = Parse(request);
+    const QJsonObject model = ParseModel(request);
     uint16_t value = 0;
     const int code = m_bbRegObj.Read(m_cmdBuilder.GetRegReadAddr(model), value);
     const std::string resultModel = code == ERROR_CODE_SUCCESS ? m_responseBuilder.UpdateRegisterResult(model, value)
@@ -289,7 +277,7 @@ void CTdscdmaCore::RegReadInternal(std::string request)
 
 void CTdscdmaCore::RegWriteInternal(std::string request)
 {
-    const QJsonObject model = Parse(request);
+    const QJsonObject model = ParseModel(request);
     const int code = m_bbRegObj.Write(m_cmdBuilder.GetRegWriteCmd(model));
     HandOverToReceivers();
     emit Signal_RegWriteDone(SEachItemOperationResult{QString(), code, QString()},

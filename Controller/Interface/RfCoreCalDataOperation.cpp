@@ -1,21 +1,25 @@
 #include "RfCoreCalDataOperation.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 
 #include "PoolRun.h"
 #include "RadbenchLog.h"
 #include "TavoApp.h"
 
-namespace {
-
-QJsonObject Parse(const std::string &model) { return QJsonDocument::fromJson(QByteArray::fromStdString(model)).object(); }
-
-} // namespace
-
 IRfCoreCalDataOperation::IRfCoreCalDataOperation(QObject *parent) : QObject(parent)
 {
-    // The results cross threads in queued signals.
+    // The results cross threads in queued signals, to the user interface
+    // thread whichever thread first made the controller.
     RegisterOperationMetaTypes();
+    if (QCoreApplication::instance() && thread() != QCoreApplication::instance()->thread())
+        moveToThread(QCoreApplication::instance()->thread());
+    Platform::WatchEventQueueHandOffs();
+}
+
+QJsonObject IRfCoreCalDataOperation::ParseModel(const std::string &model)
+{
+    return QJsonDocument::fromJson(QByteArray::fromStdString(model)).object();
 }
 
 IRfCoreCalDataOperation::~IRfCoreCalDataOperation() = default;
@@ -188,13 +192,13 @@ bool IRfCoreCalDataOperation::StopBefore(SCalDataRun &run, int next)
 void IRfCoreCalDataOperation::SetCalibrationData(const QString &item, const std::string &model)
 {
     if (CCalItemDescriptor *descriptor = m_calItemMap.ByName(item))
-        descriptor->SetCalibrationData(Parse(model));
+        descriptor->SetCalibrationData(ParseModel(model));
 }
 
 std::string IRfCoreCalDataOperation::GetCalibrationData(const QString &item, const std::string &model)
 {
     CCalItemDescriptor *descriptor = m_calItemMap.ByName(item);
-    return descriptor ? descriptor->GetCalibrationData(Parse(model)) : model;
+    return descriptor ? descriptor->GetCalibrationData(ParseModel(model)) : model;
 }
 
 SCalDataRoute IRfCoreCalDataOperation::CalDataRoute(const QString &item)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
@@ -102,6 +103,8 @@ protected:
     bool IsC2kModem();
     // Forgets the answers of every capability class.
     static void ResetCapabilityAnswers();
+    // A model's JSON text as an object; a text that is no JSON gives an empty one.
+    static QJsonObject ParseModel(const std::string &model);
     // Comes right before a signal that receivers on other threads take: what
     // the run did is then theirs to see (Platform/ThreadHandOff.h).
     static void HandOverToReceivers() { Platform::HandOffRelease(Platform::EHandOff::EventQueue); }
