@@ -45,7 +45,7 @@ SRatSupportStatus CGeneralCore::GetRatSupportStatus()
 
 bool CGeneralCore::IsTargetServed() { return !IsC2kModem(); }
 
-void CGeneralCore::ResetCapability() { ResetCapabilityAnswers(); }
+void CGeneralCore::ResetCapability() { ForgetTarget(); }
 
 // ---- Movements -------------------------------------------------------------------
 

@@ -143,7 +143,7 @@ bool CTdscdmaCore::IsTargetServed()
     return GetRatSupportStatus().status != SRatSupportStatus::NOT_SUPPORTED;
 }
 
-void CTdscdmaCore::ResetCapability() { ResetCapabilityAnswers(); }
+void CTdscdmaCore::ResetCapability() { ForgetTarget(); }
 
 bool CTdscdmaCore::IsNeedDb()
 {

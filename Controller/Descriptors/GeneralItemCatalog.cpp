@@ -3,7 +3,9 @@
 #include "Capability/LteRfCapability.h"
 #include "Capability/MmrfCapability.h"
 #include "ItemInfo.h"
+#include "Items/Barcode.h"
 #include "Items/GpsCoClock.h"
+#include "Items/IMEI.h"
 #include "Items/MultiRatTadc.h"
 #include "MmrfAfcCalItem.h"
 #include "ObjectCalItem.h"
@@ -30,6 +32,13 @@ std::unique_ptr<CCalItemDescriptor> Pending(int id, const char *section, std::fu
     return std::make_unique<CPendingItem>(id, section, std::move(isSupported));
 }
 
+// The IMEIs, whose record count the item asks once per target.
+class CImeiItem : public CObjectCalItem<CIMEI> {
+public:
+    CImeiItem() : CObjectCalItem(GENERAL_ITEM_IMEI, GetGeneralItemName(GENERAL_ITEM_IMEI)) {}
+    void ForgetTarget() override { m_object.ResetRecordCount(); }
+};
+
 template <typename Item>
 std::unique_ptr<CCalItemDescriptor> Served(int id, std::function<bool()> isSupported)
 {
@@ -41,8 +50,8 @@ std::unique_ptr<CCalItemDescriptor> Served(int id, std::function<bool()> isSuppo
 SGeneralItemCatalog SGeneralItemCatalog::Create()
 {
     SGeneralItemCatalog catalog;
-    catalog.calItems.push_back(Pending(GENERAL_ITEM_IMEI, "IMEI"));
-    catalog.calItems.push_back(Pending(GENERAL_ITEM_BARCODE, "Barcode"));
+    catalog.calItems.push_back(std::make_unique<CImeiItem>());
+    catalog.calItems.push_back(Served<CBarcode>(GENERAL_ITEM_BARCODE, {}));
     // The co-clock has a home on the target when the E-RF side keeps it or
     // the database knows its NVRAM record.
     catalog.calItems.push_back(Served<CGpsCoClock>(GENERAL_ITEM_GPS_CO_CLOCK, [] {

@@ -50,6 +50,9 @@ public:
     // The controller that moves the item: `owner` under the item's own name
     // unless the item is served elsewhere on this target.
     virtual SCalDataRoute Route(IRfCoreCalDataOperation *owner);
+    // Forgets what the item learned of the connected target (how many
+    // records it has, which blocks), so that the next movement asks again.
+    virtual void ForgetTarget() {}
 
     // The values a page shows (of the band it shows) into the item, and the
     // item's values into a page's model, given back as compact JSON text. The

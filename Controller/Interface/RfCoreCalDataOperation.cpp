@@ -45,8 +45,10 @@ bool IRfCoreCalDataOperation::IsC2kModem()
            TavoConn_GetMdSrv(handle, modemIndex, &service) == TAVO_OK && service == TAVO_MD_SRV_C2K;
 }
 
-void IRfCoreCalDataOperation::ResetCapabilityAnswers()
+void IRfCoreCalDataOperation::ForgetTarget()
 {
+    for (const auto &item : m_calItemMap.Items())
+        item->ForgetTarget();
     CTdscdmaCapability::ResetTdscdmaCapability();
     CGsmRfCapability::ResetGsmRfCapability();
     CMmrfCapability::ResetMmrfCapability();

@@ -101,8 +101,9 @@ protected:
     // Whether the connection serves a C2K modem; a connection that cannot
     // tell is taken for another one.
     bool IsC2kModem();
-    // Forgets the answers of every capability class.
-    static void ResetCapabilityAnswers();
+    // Forgets the answers of every capability class, and what the items
+    // learned of the connected target.
+    void ForgetTarget();
     // A model's JSON text as an object; a text that is no JSON gives an empty one.
     static QJsonObject ParseModel(const std::string &model);
     // Comes right before a signal that receivers on other threads take: what

@@ -10,6 +10,18 @@ void ICalItemByNvramOperation::CNvramBatch::Add(const char *lid, uint32_t size, 
     m_buffers.push_back(buffer);
 }
 
+TAVO_RESULT ICalItemByNvramOperation::ReadBatch(CNvramBatch &batch)
+{
+    return m_nvramMan.ReadNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),
+                                batch.m_buffers.data());
+}
+
+TAVO_RESULT ICalItemByNvramOperation::WriteBatch(CNvramBatch &batch)
+{
+    return m_nvramMan.WriteNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),
+                                 batch.m_buffers.data());
+}
+
 uint32_t ICalItemByNvramOperation::UploadNvramRecords(const BatchBuilder &collect)
 {
     TAVO_RESULT result = PrepareNvramBuffers();
@@ -18,8 +30,7 @@ uint32_t ICalItemByNvramOperation::UploadNvramRecords(const BatchBuilder &collec
 
     CNvramBatch batch;
     collect(batch);
-    result = m_nvramMan.ReadNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),
-                                  batch.m_buffers.data());
+    result = ReadBatch(batch);
     if (result != TAVO_OK)
         return FailWithTavoResult(ERROR_CODE_TAVO_COMMAND_FAILED, result);
 
@@ -43,16 +54,14 @@ uint32_t ICalItemByNvramOperation::DownloadNvramRecords(bool isDataValid, const 
     // from an earlier upload) stays the target's own.
     CNvramBatch batch;
     collect(batch);
-    result = m_nvramMan.ReadNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),
-                                  batch.m_buffers.data());
+    result = ReadBatch(batch);
     if (result != TAVO_OK)
         return FailWithTavoResult(ERROR_CODE_TAVO_COMMAND_FAILED, result);
 
     result = ComposeNvramData();
     if (result != TAVO_OK)
         return FailWithTavoResult(ERROR_CODE_NVRAM_COMPOSE, result);
-    result = m_nvramMan.WriteNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(),
-                                   batch.m_sizes.data(), batch.m_buffers.data());
+    result = WriteBatch(batch);
     if (result != TAVO_OK)
         return FailWithTavoResult(ERROR_CODE_TAVO_COMMAND_FAILED, result);
     return ERROR_CODE_SUCCESS;

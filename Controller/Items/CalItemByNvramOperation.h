@@ -58,6 +58,10 @@ protected:
     };
     using BatchBuilder = std::function<void(CNvramBatch &)>;
 
+    // One transfer of the batch's records (CNvramMan).
+    TAVO_RESULT ReadBatch(CNvramBatch &batch);
+    TAVO_RESULT WriteBatch(CNvramBatch &batch);
+
     // The middle of an upload: PrepareNvramBuffers (else 100), the records
     // that `collect` names once the buffers stand, ReadNvram (else 3),
     // DecomposeNvramData (else 101). 0 when all went well.

@@ -280,6 +280,10 @@ TAVO_API TAVO_RESULT TAVO_C2K_NVRAM_Read_r(int handle, uint32_t timeoutMs, const
 TAVO_API TAVO_RESULT TAVO_C2K_NVRAM_Write_r(int handle, uint32_t timeoutMs, const char *lid, uint16_t record,
                                            const void *buffer, uint32_t size);
 
+/* How many IMEI records the target holds (NVRAM_EF_IMEI_IMEISV_LID), which
+ * need not be the number the database describes. */
+TAVO_API TAVO_RESULT TAVO_MISC_GetIMEIRecNum_r(int handle, uint32_t timeoutMs, uint16_t *count);
+
 /* A series of calibration writes begins (StartRec) and ends (StopRec), so the
  * target can keep a record of its calibration data's integrity. *status is
  * the number of records written in the series. The Ex pair is the newer one;

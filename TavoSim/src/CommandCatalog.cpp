@@ -127,6 +127,8 @@ const Entry kCatalog[] = {
     {"TAVO_MMTadc_GetData", [](const TargetProfile &p) { return (multiRatWord(p, 52) & 1u) != 0; }},
     {"TAVO_MMTadc_SetData", [](const TargetProfile &p) { return (multiRatWord(p, 52) & 1u) != 0; }},
 
+    {"TAVO_MISC_GetIMEIRecNum_r", [](const TargetProfile &p) { return p.hasImeiRecordCount; }},
+
     /* Integrity record ("nvram.integrity") */
     {"TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},
     {"TAVO_MISC_CalDataIntegrity_StopRec_Ex_r", [](const TargetProfile &p) { return p.hasIntegrityEx; }},

@@ -111,6 +111,15 @@ TAVO_RESULT TAVO_C2K_NVRAM_Write_r(int handle, uint32_t timeoutMs, const char *l
     return writeRecord("TAVO_C2K_NVRAM_Write_r", handle, timeoutMs, true, lid, record, buffer, size, nullptr);
 }
 
+TAVO_RESULT TAVO_MISC_GetIMEIRecNum_r(int handle, uint32_t timeoutMs, uint16_t *count)
+{
+    return TargetCall("TAVO_MISC_GetIMEIRecNum_r", handle, timeoutMs)
+        .run(count != nullptr, [&](const TargetProfile &, TargetState &state) {
+            *count = uint16_t(state.nvram.value(QStringLiteral("NVRAM_EF_IMEI_IMEISV_LID")).size());
+            return TAVO_OK;
+        });
+}
+
 TAVO_RESULT TAVO_MISC_CalDataIntegrity_StartRec_Ex_r(int handle, uint32_t timeoutMs)
 {
     return startRecord("TAVO_MISC_CalDataIntegrity_StartRec_Ex_r", handle, timeoutMs);

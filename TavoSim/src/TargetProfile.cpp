@@ -312,7 +312,8 @@ void readNvram(ProfileReader &top, TargetProfile &p)
         p.nvram = target.initialRecords(nullptr);
         return;
     }
-    nvram->allowKeys({"integrity", "target", "records"});
+    nvram->allowKeys({"integrity", "target", "records", "imeiRecordCount"});
+    p.hasImeiRecordCount = nvram->boolean("imeiRecordCount");
     const QString integrity = nvram->string("integrity", QStringLiteral("ex"));
     p.hasIntegrityEx = integrity == QLatin1String("ex");
     p.hasIntegrity = integrity != QLatin1String("none");

@@ -116,6 +116,8 @@ public:
      * plain pair. */
     bool hasIntegrityEx = true;
     bool hasIntegrity = true;
+    /* Whether the target tells how many IMEI records it holds. */
+    bool hasImeiRecordCount = false;
 
     /* Faults armed whenever the profile is loaded or the target reset. */
     QVector<Fault> faults;
