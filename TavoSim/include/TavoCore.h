@@ -411,6 +411,148 @@ typedef struct {
 TAVO_API TAVO_RESULT TAVO_MMTadc_GetData(int handle, uint32_t timeoutMs, TavoMMTadcCnf *cnf);
 TAVO_API TAVO_RESULT TAVO_MMTadc_SetData(int handle, uint32_t timeoutMs, const TavoMMTadcData *data);
 
+/* ---- Self calibration -----------------------------------------------------------
+ *
+ * The radios calibrate themselves and keep the results in data blocks that
+ * only the target understands; a tool moves their bytes whole. Three
+ * generations of commands reach them. The first two serve one radio access
+ * technology at a time, named by a mask (1 << RAT index: 0 GSM, 1 TD-SCDMA,
+ * 3 WCDMA, 4 and 5 LTE); the seventh serves all blocks of the multi-RAT
+ * radio. Which ones a target has, its multi-RAT capability record tells
+ * (self-cal word V1 or V2, MMRF self-cal bit for the seventh). All fields
+ * are 16 bits. A block's key name is zero-ended in 64 bytes. */
+
+#define TAVO_SELFCAL_KEY_SIZE 64
+
+/* Generation 1: the count, the key names, each block's size, and the data
+ * of one block by its position (at most 64 blocks of at most 16,384 bytes). */
+#define TAVO_SELFCAL_V1_MAX_LIDS 64
+#define TAVO_SELFCAL_V1_MAX_DATA 16384
+
+typedef struct { uint16_t ratMask; uint16_t reserved; } TavoSelfCalLidCountReq;
+typedef struct { uint16_t status; uint16_t count; uint16_t reserved; } TavoSelfCalLidCountCnf;
+typedef struct { uint16_t ratMask; } TavoSelfCalKeyStringsReq;
+typedef struct {
+    uint16_t status;
+    uint16_t count;
+    char keys[TAVO_SELFCAL_V1_MAX_LIDS][TAVO_SELFCAL_KEY_SIZE];
+} TavoSelfCalKeyStringsCnf;
+typedef struct { uint16_t ratMask; uint16_t index; } TavoSelfCalLidReq;
+typedef struct { uint16_t status; uint16_t index; uint16_t size; } TavoSelfCalLidSizeCnf;
+typedef struct {
+    uint16_t status;
+    uint16_t index;
+    uint16_t length;
+    uint8_t data[TAVO_SELFCAL_V1_MAX_DATA];
+} TavoSelfCalDataCnf;
+typedef struct {
+    uint16_t ratMask;
+    uint16_t index;
+    uint16_t length;
+    uint8_t data[TAVO_SELFCAL_V1_MAX_DATA];
+} TavoSelfCalDataReq;
+
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalLidCount(int handle, uint32_t timeoutMs, const TavoSelfCalLidCountReq *req,
+                                                  TavoSelfCalLidCountCnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalKeyStrings(int handle, uint32_t timeoutMs, const TavoSelfCalKeyStringsReq *req,
+                                                    TavoSelfCalKeyStringsCnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalLidSize(int handle, uint32_t timeoutMs, const TavoSelfCalLidReq *req,
+                                                 TavoSelfCalLidSizeCnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalData(int handle, uint32_t timeoutMs, const TavoSelfCalLidReq *req,
+                                              TavoSelfCalDataCnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_SetSelfCalData(int handle, uint32_t timeoutMs, const TavoSelfCalDataReq *req);
+
+/* Generation 2: the blocks' indices and sizes by position, the key names by
+ * index, and the data of up to 16 blocks by position in one command, laid
+ * one after the other in at most 61,440 bytes (at most 256 blocks). */
+#define TAVO_SELFCAL_V2_MAX_LIDS 256
+#define TAVO_SELFCAL_V2_BATCH_LIDS 16
+#define TAVO_SELFCAL_V2_BATCH_DATA 61440
+
+typedef struct { uint16_t ratMask; uint16_t reserved[2]; } TavoSelfCalLidInfoV2Req;
+typedef struct {
+    uint16_t status;
+    uint16_t ratMask;
+    uint16_t reserved;
+    uint16_t count;
+    uint16_t index[TAVO_SELFCAL_V2_MAX_LIDS];
+    uint16_t size[TAVO_SELFCAL_V2_MAX_LIDS];
+} TavoSelfCalLidInfoV2Cnf;
+typedef struct { uint16_t ratMask; uint16_t reserved; } TavoSelfCalKeyStringsV2Req;
+typedef struct {
+    uint16_t status;
+    uint16_t ratMask;
+    uint16_t reserved;
+    uint16_t count;
+    char keys[TAVO_SELFCAL_V2_MAX_LIDS][TAVO_SELFCAL_KEY_SIZE];
+} TavoSelfCalKeyStringsV2Cnf;
+typedef struct {
+    uint16_t ratMask;
+    uint16_t reserved;
+    uint16_t count;
+    uint16_t index[TAVO_SELFCAL_V2_BATCH_LIDS];
+} TavoSelfCalDataV2Req;
+typedef struct {
+    uint16_t status;
+    uint16_t ratMask;
+    uint16_t reserved;
+    uint16_t count;
+    uint16_t index[TAVO_SELFCAL_V2_BATCH_LIDS];
+    uint16_t length[TAVO_SELFCAL_V2_BATCH_LIDS];
+    uint16_t offset[TAVO_SELFCAL_V2_BATCH_LIDS];
+    uint8_t data[TAVO_SELFCAL_V2_BATCH_DATA];
+} TavoSelfCalDataV2Cnf;
+typedef struct {
+    uint16_t ratMask;
+    uint16_t reserved;
+    uint16_t count;
+    uint16_t index[TAVO_SELFCAL_V2_BATCH_LIDS];
+    uint16_t length[TAVO_SELFCAL_V2_BATCH_LIDS];
+    uint16_t offset[TAVO_SELFCAL_V2_BATCH_LIDS];
+    uint8_t data[TAVO_SELFCAL_V2_BATCH_DATA];
+} TavoSelfCalSetDataV2Req;
+
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalLidInfoV2(int handle, uint32_t timeoutMs, const TavoSelfCalLidInfoV2Req *req,
+                                                   TavoSelfCalLidInfoV2Cnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalKeyStringsV2(int handle, uint32_t timeoutMs,
+                                                      const TavoSelfCalKeyStringsV2Req *req,
+                                                      TavoSelfCalKeyStringsV2Cnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalDataV2(int handle, uint32_t timeoutMs, const TavoSelfCalDataV2Req *req,
+                                                TavoSelfCalDataV2Cnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_SetSelfCalDataV2(int handle, uint32_t timeoutMs, const TavoSelfCalSetDataV2Req *req);
+
+/* Generation 7: every block of the multi-RAT radio with its index, size
+ * and key name, and the data of one block by its index (at most 960 blocks
+ * of at most 61,440 bytes). */
+#define TAVO_SELFCAL_V7_MAX_LIDS 960
+#define TAVO_SELFCAL_V7_MAX_DATA 61440
+
+typedef struct {
+    uint16_t index;
+    uint16_t size;
+    char key[TAVO_SELFCAL_KEY_SIZE];
+} TavoSelfCalLidEntryV7;
+typedef struct {
+    uint16_t count;
+    TavoSelfCalLidEntryV7 entries[TAVO_SELFCAL_V7_MAX_LIDS];
+} TavoSelfCalLidInfoV7Cnf;
+typedef struct { uint16_t index; } TavoSelfCalDataV7Req;
+typedef struct {
+    uint16_t status;
+    uint16_t length;
+    uint8_t data[TAVO_SELFCAL_V7_MAX_DATA];
+} TavoSelfCalDataV7Cnf;
+typedef struct {
+    uint16_t index;
+    uint16_t length;
+    uint8_t data[TAVO_SELFCAL_V7_MAX_DATA];
+} TavoSelfCalSetDataV7Req;
+
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalLidInfoV7(int handle, uint32_t timeoutMs, TavoSelfCalLidInfoV7Cnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_GetSelfCalDataV7(int handle, uint32_t timeoutMs, const TavoSelfCalDataV7Req *req,
+                                                TavoSelfCalDataV7Cnf *cnf);
+TAVO_API TAVO_RESULT TAVO_MMRf_SetSelfCalDataV7(int handle, uint32_t timeoutMs, const TavoSelfCalSetDataV7Req *req);
+
 /* ---- Text ------------------------------------------------------------------ */
 
 /* Readable text of a result; never null, may be empty. */

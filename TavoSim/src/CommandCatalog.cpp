@@ -54,6 +54,10 @@ bool gpsByErf(const TargetProfile &p)
     return p.hasLte && (qFromLittleEndian<quint32>(p.lteRecord.constData() + 112) & 1u) != 0;
 }
 
+bool selfCalV2(const TargetProfile &p) { return (multiRatWord(p, 24) & 1u) != 0; }
+bool selfCalV1(const TargetProfile &p) { return (multiRatWord(p, 20) & 1u) != 0 && !selfCalV2(p); }
+bool selfCalV7(const TargetProfile &p) { return (multiRatWord(p, 124) & 1u) != 0; }
+
 const Entry kCatalog[] = {
     /* Support queries */
     {"TAVO_Util_QueryTargetOptionInfo", [](const TargetProfile &p) { return p.hasOptionInfo; }},
@@ -126,6 +130,22 @@ const Entry kCatalog[] = {
     {"TAVO_ERf_SetCoClock", gpsByErf},
     {"TAVO_MMTadc_GetData", [](const TargetProfile &p) { return (multiRatWord(p, 52) & 1u) != 0; }},
     {"TAVO_MMTadc_SetData", [](const TargetProfile &p) { return (multiRatWord(p, 52) & 1u) != 0; }},
+
+    /* Self calibration: the first generation where the multi-RAT record
+     * has the V1 self-cal word and not the V2 one, the second with V2, the
+     * seventh with the MMRF self-cal bit. */
+    {"TAVO_MMRf_GetSelfCalLidCount", selfCalV1},
+    {"TAVO_MMRf_GetSelfCalKeyStrings", selfCalV1},
+    {"TAVO_MMRf_GetSelfCalLidSize", selfCalV1},
+    {"TAVO_MMRf_GetSelfCalData", selfCalV1},
+    {"TAVO_MMRf_SetSelfCalData", selfCalV1},
+    {"TAVO_MMRf_GetSelfCalLidInfoV2", selfCalV2},
+    {"TAVO_MMRf_GetSelfCalKeyStringsV2", selfCalV2},
+    {"TAVO_MMRf_GetSelfCalDataV2", selfCalV2},
+    {"TAVO_MMRf_SetSelfCalDataV2", selfCalV2},
+    {"TAVO_MMRf_GetSelfCalLidInfoV7", selfCalV7},
+    {"TAVO_MMRf_GetSelfCalDataV7", selfCalV7},
+    {"TAVO_MMRf_SetSelfCalDataV7", selfCalV7},
 
     {"TAVO_MISC_GetIMEIRecNum_r", [](const TargetProfile &p) { return p.hasImeiRecordCount; }},
 

@@ -325,6 +325,72 @@ void readNvram(ProfileReader &top, TargetProfile &p)
     p.nvram = target.initialRecords(records ? &*records : nullptr);
 }
 
+/* A self calibration block's bytes before anybody writes: a pattern of its
+ * own, so that blocks never equal one another. */
+QByteArray selfCalPattern(quint16 index, quint16 size, bool mmrf)
+{
+    QByteArray bytes(size, '\0');
+    for (int i = 0; i < size; ++i)
+        bytes[i] = char((i * 7 + index * 13 + (mmrf ? 101 : 0)) & 0xff);
+    return bytes;
+}
+
+/* "selfCal.tdscdma" / "selfCal.mmrf": arrays of {"index", "key", "size"}.
+ * Absent: the blocks of the generation the target has (see the README). */
+QVector<TargetProfile::SelfCalBlock> readBlocks(ProfileReader &selfCal, const char *key, int maxBlocks, int maxSize,
+                                                const QVector<TargetProfile::SelfCalBlock> &fallback)
+{
+    if (selfCal.isAbsent(key))
+        return fallback;
+    QVector<TargetProfile::SelfCalBlock> blocks;
+    for (ProfileReader &entry : selfCal.objects(key)) {
+        entry.allowKeys({"index", "key", "size"});
+        TargetProfile::SelfCalBlock block;
+        block.index = quint16(entry.integer("index", 0, 65535).value_or(blocks.size()));
+        block.size = quint16(entry.integer("size", 1, maxSize).value_or(1));
+        block.key = entry.string("key");
+        if (block.key.isEmpty() || block.key.size() >= int(TAVO_SELFCAL_KEY_SIZE))
+            entry.fail(QStringLiteral("key"), QStringLiteral("1 to 63 characters"));
+        blocks << block;
+    }
+    if (blocks.size() > maxBlocks)
+        selfCal.fail(QLatin1String(key), QStringLiteral("at most %1 blocks").arg(maxBlocks));
+    return blocks;
+}
+
+QVector<TargetProfile::SelfCalBlock> defaultBlocks(const char *prefix, const QVector<quint16> &indices,
+                                                   const QVector<quint16> &sizes)
+{
+    QVector<TargetProfile::SelfCalBlock> blocks;
+    for (int i = 0; i < indices.size(); ++i)
+        blocks << TargetProfile::SelfCalBlock{indices[i], sizes[i], QStringLiteral("%1_%2").arg(QLatin1String(prefix)).arg(i)};
+    return blocks;
+}
+
+void readSelfCal(ProfileReader &top, TargetProfile &p)
+{
+    const bool v2 = (qFromLittleEndian<quint32>(p.multiRatRecord.constData() + 24) & 1u) != 0;
+    const QVector<TargetProfile::SelfCalBlock> tdscdma =
+        v2 ? defaultBlocks("TDS_SELFCAL_V2", {3, 7, 12}, {30000, 30000, 30000})
+           : defaultBlocks("TDS_SELFCAL", {0, 1, 2}, {4096, 12288, 16384});
+    const QVector<TargetProfile::SelfCalBlock> mmrf =
+        defaultBlocks("MMRF_SELFCAL", {10, 20, 30}, {2048, 40000, 8192});
+    std::optional<ProfileReader> selfCal = top.object("selfCal");
+    if (selfCal) {
+        selfCal->allowKeys({"tdscdma", "mmrf"});
+        p.tdscdmaSelfCal = readBlocks(*selfCal, "tdscdma", v2 ? TAVO_SELFCAL_V2_MAX_LIDS : TAVO_SELFCAL_V1_MAX_LIDS,
+                                      v2 ? 65535 : TAVO_SELFCAL_V1_MAX_DATA, tdscdma);
+        p.mmrfSelfCal = readBlocks(*selfCal, "mmrf", TAVO_SELFCAL_V7_MAX_LIDS, TAVO_SELFCAL_V7_MAX_DATA, mmrf);
+    } else {
+        p.tdscdmaSelfCal = tdscdma;
+        p.mmrfSelfCal = mmrf;
+    }
+    for (const TargetProfile::SelfCalBlock &block : p.tdscdmaSelfCal)
+        p.nvram.insert(TargetProfile::blockLid(false, block.index), {selfCalPattern(block.index, block.size, false)});
+    for (const TargetProfile::SelfCalBlock &block : p.mmrfSelfCal)
+        p.nvram.insert(TargetProfile::blockLid(true, block.index), {selfCalPattern(block.index, block.size, true)});
+}
+
 /* Names of "commands.offered"/"withheld": what the two support queries take. */
 QStringList readCommandNames(ProfileReader &commands, const char *key)
 {
@@ -449,12 +515,17 @@ std::optional<TargetProfile> TargetProfile::load(const QString &nameOrPath, QStr
     return profile;
 }
 
+QString TargetProfile::blockLid(bool mmrf, quint16 index)
+{
+    return (mmrf ? QStringLiteral("MMRF_SELFCAL_") : QStringLiteral("TDS_SELFCAL_")) + QString::number(index);
+}
+
 std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, const QString &fallbackName,
                                                      QString *error)
 {
     ProfileReader top(json);
     top.allowKeys({"name", "description", "modem", "optionInfo", "chipId", "tdscdma", "multiRat", "gsm", "lte", "fdd",
-                   "tadc", "crystal", "database", "nvram", "commands", "faults"});
+                   "tadc", "crystal", "database", "nvram", "selfCal", "commands", "faults"});
 
     TargetProfile p;
     p.json = json;
@@ -475,6 +546,7 @@ std::optional<TargetProfile> TargetProfile::fromJson(const QJsonObject &json, co
     readCrystal(top, p);
     readDatabase(top, p);
     readNvram(top, p);
+    readSelfCal(top, p);
     readFaults(top, p);
 
     p.offered = CommandCatalog::offeredBy(p);

@@ -119,6 +119,20 @@ public:
     /* Whether the target tells how many IMEI records it holds. */
     bool hasImeiRecordCount = false;
 
+    /* The self calibration blocks: TD-SCDMA's (served by the first or the
+     * second generation of commands, as the multi-RAT record's self-cal
+     * word says) and the multi-RAT radio's (the seventh). Each lives in the
+     * NVRAM as the record blockLid(). */
+    struct SelfCalBlock
+    {
+        quint16 index = 0;
+        quint16 size = 0;
+        QString key;
+    };
+    QVector<SelfCalBlock> tdscdmaSelfCal;
+    QVector<SelfCalBlock> mmrfSelfCal;
+    static QString blockLid(bool mmrf, quint16 index);
+
     /* Faults armed whenever the profile is loaded or the target reset. */
     QVector<Fault> faults;
 
