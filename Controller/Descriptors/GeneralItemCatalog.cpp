@@ -6,37 +6,31 @@
 #include "Items/Barcode.h"
 #include "Items/GpsCoClock.h"
 #include "Items/IMEI.h"
+#include "Items/MultiRatSelfCalV7.h"
 #include "Items/MultiRatTadc.h"
 #include "MmrfAfcCalItem.h"
 #include "ObjectCalItem.h"
-#include "TIniFile.h"
 
 namespace {
-
-// A general item whose data no object of the tool moves yet (each movement
-// gives 2), but which a file may already hold.
-class CPendingItem : public CCalItemDescriptor {
-public:
-    CPendingItem(int id, const char *section, std::function<bool()> isSupported)
-        : CCalItemDescriptor(id, GetGeneralItemName(id), std::move(isSupported)), m_section(section)
-    {
-    }
-    bool IsInFile(TIniFile *file) override { return file && file->IsSectionExist(m_section); }
-
-private:
-    const char *const m_section;
-};
-
-std::unique_ptr<CCalItemDescriptor> Pending(int id, const char *section, std::function<bool()> isSupported = {})
-{
-    return std::make_unique<CPendingItem>(id, section, std::move(isSupported));
-}
 
 // The IMEIs, whose record count the item asks once per target.
 class CImeiItem : public CObjectCalItem<CIMEI> {
 public:
     CImeiItem() : CObjectCalItem(GENERAL_ITEM_IMEI, GetGeneralItemName(GENERAL_ITEM_IMEI)) {}
     void ForgetTarget() override { m_object.ResetRecordCount(); }
+};
+
+// The multi-RAT radio's self calibration blocks, learned once per target.
+class CMmrfSelfCalItem : public CObjectCalItem<CMultiRatSelfCalV7> {
+public:
+    CMmrfSelfCalItem()
+        : CObjectCalItem(GENERAL_ITEM_MMRF_SELF_CAL, GetGeneralItemName(GENERAL_ITEM_MMRF_SELF_CAL), [] {
+              CMmrfCapability mmrf;
+              return mmrf.IsMmrfSelfCalSupported();
+          })
+    {
+    }
+    void ForgetTarget() override { m_object.Reset(); }
 };
 
 template <typename Item>
@@ -63,9 +57,6 @@ SGeneralItemCatalog SGeneralItemCatalog::Create()
         return mmrf.IsTadcByL1();
     }));
     catalog.calItems.push_back(std::make_unique<CMmrfAfcCalItem>());
-    catalog.calItems.push_back(Pending(GENERAL_ITEM_MMRF_SELF_CAL, "RF SELF CALIBRATION", [] {
-        CMmrfCapability mmrf;
-        return mmrf.IsMmrfSelfCalSupported();
-    }));
+    catalog.calItems.push_back(std::make_unique<CMmrfSelfCalItem>());
     return catalog;
 }

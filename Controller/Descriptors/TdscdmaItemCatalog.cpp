@@ -2,7 +2,6 @@
 
 #include "AfcCalItem.h"
 #include "AfcPageItem.h"
-#include "Capability/MmrfCapability.h"
 #include "ContinuousPageItem.h"
 #include "DpchTxPageItem.h"
 #include "ItemInfo.h"
@@ -11,24 +10,13 @@
 #include "PathlossCalItem.h"
 #include "PathlossPageItem.h"
 #include "RssiPageItem.h"
+#include "SelfCalCalItem.h"
 #include "TadcCalItem.h"
 #include "TadcPageItem.h"
 #include "TpcCalItem.h"
 #include "TpcPageItem.h"
 
 namespace {
-
-// A calibration item whose data no object of the tool moves yet.
-std::unique_ptr<CCalItemDescriptor> Pending(int id, std::function<bool(CMmrfCapability &)> isSupported = {})
-{
-    std::function<bool()> supported;
-    if (isSupported)
-        supported = [isSupported] {
-            CMmrfCapability capability;
-            return isSupported(capability);
-        };
-    return std::make_unique<CCalItemDescriptor>(id, CalItemInfo(id).name, std::move(supported));
-}
 
 std::unique_ptr<CPageItemDescriptor> Page(int id, const char *pageClass, SPageModel model)
 {
@@ -51,8 +39,7 @@ STdscdmaItemCatalog STdscdmaItemCatalog::Create()
     catalog.calItems.push_back(std::make_unique<CPathlossCalItem>());
     catalog.calItems.push_back(std::move(tpc));
     catalog.calItems.push_back(std::move(tadc));
-    catalog.calItems.push_back(
-        Pending(CAL_ITEM_SELF_CAL, [](CMmrfCapability &mmrf) { return mmrf.IsSelfCalSupported(1); }));
+    catalog.calItems.push_back(std::make_unique<CSelfCalCalItem>());
 
     catalog.pageItems.push_back(std::make_unique<CAfcPageItem>(afcObj));
     catalog.pageItems.push_back(std::make_unique<CTadcPageItem>(tadcObj));
