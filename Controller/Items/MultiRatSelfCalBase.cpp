@@ -1,5 +1,6 @@
 #include "MultiRatSelfCalBase.h"
 
+#include <cctype>
 #include <memory>
 #include <string>
 
@@ -7,6 +8,24 @@
 #include "ErrorCodeInfo.h"
 #include "Nvram/CalDataIntegrity.h"
 #include "TIniFile.h"
+
+namespace {
+
+// Bytes as two hexadecimal digits each, one blank between them: anything
+// else (a lone digit, another character) is no block.
+bool IsHexText(const std::string &text)
+{
+    if (text.size() % 3 == 1)
+        return false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const bool ok = i % 3 == 2 ? text[i] == ' ' : std::isxdigit(static_cast<unsigned char>(text[i])) != 0;
+        if (!ok)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
 
 bool IMultiRatSelfCal::IsSectionInFile(TIniFile *file) { return file && file->IsSectionExist(Section().toStdString()); }
 
@@ -112,9 +131,7 @@ uint32_t IMultiRatSelfCal::ReadFromFile(TIniFile *file)
         }
         if (block.buffer.size() < block.size)
             block.buffer.resize(block.size, 0);
-        // Only hexadecimal digits and their blanks are bytes.
-        const bool hex = text.find_first_not_of("0123456789abcdefABCDEF ") == std::string::npos;
-        if (!hex || !HexTextToBinary(text.c_str(), int(text.size()), block.buffer.data(), int(block.size))) {
+        if (!IsHexText(text) || !HexTextToBinary(text.c_str(), int(text.size()), block.buffer.data(), int(block.size))) {
             m_errorMessage = "Transform the text to the binary data failed.";
             return ERROR_CODE_GENERAL;
         }
