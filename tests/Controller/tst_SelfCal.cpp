@@ -103,6 +103,35 @@ private slots:
         }
     }
 
+    void collection_data()
+    {
+        QTest::addColumn<int>("generation");
+        QTest::addColumn<QString>("query"); // the block list's
+        QTest::addColumn<QString>("failure");
+        QTest::newRow("first") << 1 << "TAVO_MMRf_GetSelfCalKeyStrings"
+                               << "Failed to collect self-cal LID info of TDSCDMA RF SELF CAIBRATION";
+        QTest::newRow("second") << 2 << "TAVO_MMRf_GetSelfCalLidInfoV2"
+                                << "Failed to collect self-cal LID info of TDSCDMA RF SELF CAIBRATION";
+        QTest::newRow("seventh") << 7 << "TAVO_MMRf_GetSelfCalLidInfoV7" << "Failed to collect self-cal LID info";
+    }
+    // The blocks are learned once; a target that does not tell them fails
+    // every movement with the text of its generation.
+    void collection()
+    {
+        QFETCH(int, generation);
+        QFETCH(QString, query);
+        QVERIFY(UseTarget(generation));
+        auto item = Item(generation);
+        QCOMPARE(int(item->UploadFromFlash()), 0);
+        TavoSim::ClearCallLog();
+        QCOMPARE(int(item->UploadFromFlash()), 0);
+        QCOMPARE(TavoSim::CallCount(query), 0);
+        TavoSim::FailAlways(query);
+        auto fresh = Item(generation);
+        QCOMPARE(int(fresh->UploadFromFlash()), 1);
+        QTEST(fresh->GetErrorMessage(), "failure");
+    }
+
     void batches_data()
     {
         QTest::addColumn<QList<int>>("sizes");
