@@ -580,13 +580,16 @@ private slots:
     {
         QTest::addColumn<QString>("profile");
         QTest::addColumn<QStringList>("offered");
+        const QStringList selfCal{"MMRf_GetSelfCalLidInfoV2", "MMRf_GetSelfCalLidInfoV7"};
         QTest::newRow("modern-l1") << "modern-l1"
                                    << QStringList{"MMAfc_GetData", "MMAfc_GetDataV2", "MMAfc_GetDataV3", "MMGps_GetCoClock",
-                                                  "MMGps_GetCoClockV3", "MMTadc_GetData"};
-        QTest::newRow("hybrid-l1") << "hybrid-l1" << QStringList{"MMAfc_GetData", "MMAfc_GetDataV2", "MMGps_GetCoClock"};
+                                                  "MMGps_GetCoClockV3", "MMTadc_GetData"} + selfCal;
+        QTest::newRow("hybrid-l1") << "hybrid-l1"
+                                   << QStringList{"MMAfc_GetData", "MMAfc_GetDataV2", "MMGps_GetCoClock"} + selfCal;
         QTest::newRow("afc-v1-gps-erf") << "afc-v1-gps-erf"
-                                        << QStringList{"MMAfc_GetData", "ERf_GetCoClock", "MMTadc_GetData"};
-        QTest::newRow("default") << "default" << QStringList{"ERf_GetCoClock"};
+                                        << QStringList{"MMAfc_GetData", "ERf_GetCoClock", "MMTadc_GetData"} + selfCal;
+        QTest::newRow("default") << "default" << QStringList{"ERf_GetCoClock"} + selfCal;
+        QTest::newRow("v1-pathloss-v2") << "v1-pathloss-v2" << QStringList{"ERf_GetCoClock", "MMRf_GetSelfCalLidCount"};
         QTest::newRow("legacy-v1") << "legacy-v1" << QStringList();
     }
     void multiRatOffers()
@@ -595,7 +598,8 @@ private slots:
         QVERIFY(TavoSim::LoadProfile(profile));
         QStringList offered;
         for (const char *call : {"MMAfc_GetData", "MMAfc_GetDataV2", "MMAfc_GetDataV3", "MMGps_GetCoClock",
-                                 "MMGps_GetCoClockV3", "ERf_GetCoClock", "MMTadc_GetData"}) {
+                                 "MMGps_GetCoClockV3", "ERf_GetCoClock", "MMTadc_GetData", "MMRf_GetSelfCalLidCount",
+                                 "MMRf_GetSelfCalLidInfoV2", "MMRf_GetSelfCalLidInfoV7"}) {
             if (TAVO_QueryAPISupported_r(0, 10000, qPrintable(QString("TAVO_") + call)) == TAVO_OK)
                 offered << call;
         }
