@@ -18,8 +18,11 @@ CMultiRatSelfCal::CMultiRatSelfCal(uint32_t ratIndex, QObject *parent) : IMultiR
 
 QString CMultiRatSelfCal::SectionOf(uint32_t ratIndex)
 {
-    static const char *const kRats[] = {"GSM", "TDSCDMA", "C2K", "WCDMA", "LTE", "LTE"};
-    return QString("%1 RF SELF CAIBRATION").arg(ratIndex < 6 ? kRats[ratIndex] : "UNKNOWN");
+    // As files spell them.
+    static const char *const kSections[] = {"GSM RF SELF CAIBRATION",   "TDSCDMA RF SELF CAIBRATION",
+                                            "C2K RF SELF CAIBRATION",   "WCDMA RF SELF CAIBRATION",
+                                            "LTE RF SELF CAIBRATION",   "LTE RF SELF CAIBRATION"};
+    return ratIndex < 6 ? kSections[ratIndex] : QString();
 }
 
 void CMultiRatSelfCal::Reset()

@@ -105,13 +105,15 @@ uint32_t IMultiRatSelfCal::ReadFromFile(TIniFile *file)
         return ERROR_CODE_FILE_NO_DATA;
     if (!CollectLidInfo())
         return FailCollect();
-    const char *const severity = IsFirstGeneration() ? "Error" : "Warning";
     for (SSelfCalLidInfo &block : m_blocks) {
         const std::string text = file->ReadString(section, block.key, "");
         if (text.empty()) {
-            m_errorMessage = QString::asprintf("Execution %s : The Key value [%s] does not exist under Section "
-                                               "[%s].\nPlease Check the INI/Cal file.\n",
-                                               severity, block.key, section.c_str());
+            m_errorMessage = QString::asprintf(
+                IsFirstGeneration() ? "Execution Error : The Key value [%s] does not exist under Section [%s].\nPlease "
+                                      "Check the INI/Cal file.\n"
+                                    : "Execution Warning : The Key value [%s] does not exist under Section [%s].\n"
+                                      "Please Check the INI/Cal file.\n",
+                block.key, section.c_str());
             return ERROR_CODE_FILE_INCOMPLETE;
         }
         const int bytes = int((text.size() + 1) / 3);
