@@ -250,7 +250,7 @@ TAVO_RESULT TAVO_MMRf_GetSelfCalDataV7(int handle, uint32_t timeoutMs, const Tav
                 return TAVO_RESULT(TAVO_ERR_INVALID_ARGUMENT);
             const QByteArray bytes = blockBytes(state, true, *block);
             std::memset(cnf, 0, sizeof *cnf);
-            cnf->length = quint16(bytes.size());
+            cnf->length = block->reportedLength.value_or(quint16(bytes.size()));
             std::memcpy(cnf->data, bytes.constData(), std::min<size_t>(size_t(bytes.size()), sizeof cnf->data));
             return TAVO_RESULT(TAVO_OK);
         });

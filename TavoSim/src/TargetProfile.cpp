@@ -344,11 +344,13 @@ QVector<TargetProfile::SelfCalBlock> readBlocks(ProfileReader &selfCal, const ch
         return fallback;
     QVector<TargetProfile::SelfCalBlock> blocks;
     for (ProfileReader &entry : selfCal.objects(key)) {
-        entry.allowKeys({"index", "key", "size"});
+        entry.allowKeys({"index", "key", "size", "reportedLength"});
         TargetProfile::SelfCalBlock block;
         block.index = quint16(entry.integer("index", 0, 65535).value_or(blocks.size()));
         block.size = quint16(entry.integer("size", 1, maxSize).value_or(1));
         block.key = entry.string("key");
+        if (const std::optional<qint64> length = entry.integer("reportedLength", 0, maxSize))
+            block.reportedLength = quint16(*length);
         if (block.key.isEmpty() || block.key.size() >= int(TAVO_SELFCAL_KEY_SIZE))
             entry.fail(QStringLiteral("key"), QStringLiteral("1 to 63 characters"));
         blocks << block;
@@ -363,7 +365,8 @@ QVector<TargetProfile::SelfCalBlock> defaultBlocks(const char *prefix, const QVe
 {
     QVector<TargetProfile::SelfCalBlock> blocks;
     for (int i = 0; i < indices.size(); ++i)
-        blocks << TargetProfile::SelfCalBlock{indices[i], sizes[i], QStringLiteral("%1_%2").arg(QLatin1String(prefix)).arg(i)};
+        blocks << TargetProfile::SelfCalBlock{indices[i], sizes[i],
+                                              QStringLiteral("%1_%2").arg(QLatin1String(prefix)).arg(i), std::nullopt};
     return blocks;
 }
 

@@ -128,6 +128,8 @@ public:
         quint16 index = 0;
         quint16 size = 0;
         QString key;
+        /* The length its data command reports, when that disagrees with its size. */
+        std::optional<quint16> reportedLength;
     };
     QVector<SelfCalBlock> tdscdmaSelfCal;
     QVector<SelfCalBlock> mmrfSelfCal;

@@ -231,6 +231,20 @@ private slots:
         QVERIFY(!TavoSim::IsCalDataIntegrityOpen());
     }
 
+    // The radio reports another length for a block's data than its list
+    // does: the upload fails with both lengths and the data stay invalid.
+    void lengthsDisagree()
+    {
+        const QJsonArray blocks{QJsonObject{{"index", 4}, {"key", "MMRF_A"}, {"size", 100}, {"reportedLength", 99}}};
+        QVERIFY(UseTarget(7, {{"selfCal", QJsonObject{{"mmrf", blocks}}}}));
+        auto item = Item(7);
+        QCOMPARE(int(item->UploadFromFlash()), 1);
+        QVERIFY(item->GetErrorMessage().startsWith("Execution Warning : The data length (100) of Key value [MMRF_A] "
+                                                   "reported from get key string command \nis inconsistent with the "
+                                                   "data length (99)"));
+        QVERIFY(!item->IsDataValid());
+    }
+
     void noBlocks()
     {
         QVERIFY(UseTarget(2, {{"selfCal", QJsonObject{{"tdscdma", QJsonArray()}}}}));
