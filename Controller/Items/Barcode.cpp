@@ -9,22 +9,9 @@
 const char *const CBarcode::kSection = "Barcode";
 const char *const CBarcode::kLid = "NVRAM_EF_BARCODE_NUM_LID";
 
-QString CBarcode::DescribeTavoResult(TAVO_RESULT result) const
-{
-    return QString::fromUtf8(TAVO_GetResultText(result));
-}
-
 bool CBarcode::IsSectionInFile(TIniFile *file) const { return file && file->IsSectionExist(kSection); }
 
-TAVO_RESULT CBarcode::PrepareNvramBuffers()
-{
-    if (!m_rawBuffer.empty())
-        return TAVO_OK;
-    const TAVO_RESULT result = TAVO_NVRAM_GetRecordSize(kLid, &m_rawSize);
-    if (result == TAVO_OK)
-        m_rawBuffer.assign(m_rawSize, 0);
-    return result;
-}
+TAVO_RESULT CBarcode::PrepareNvramBuffers() { return PrepareRecordBuffer(kLid, m_rawBuffer, &m_rawSize); }
 
 TAVO_RESULT CBarcode::MoveFields(bool toRecord)
 {

@@ -32,7 +32,7 @@ public:
     QString GetBarcode() const { return QString::fromLatin1(m_barcode.data()); }
 
 protected:
-    QString DescribeTavoResult(TAVO_RESULT result) const override;
+    QString DescribeTavoResult(TAVO_RESULT result) const override { return LibraryResultText(result); }
 
 private:
     // The 63 fields between the raw record and the text, stopping at the first failure.

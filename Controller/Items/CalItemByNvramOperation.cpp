@@ -10,6 +10,20 @@ void ICalItemByNvramOperation::CNvramBatch::Add(const char *lid, uint32_t size, 
     m_buffers.push_back(buffer);
 }
 
+TAVO_RESULT ICalItemByNvramOperation::PrepareRecordBuffer(const char *lid, std::vector<uint8_t> &buffer, uint32_t *size)
+{
+    if (!buffer.empty())
+        return TAVO_OK;
+    uint32_t recordSize = 0;
+    const TAVO_RESULT result = TAVO_NVRAM_GetRecordSize(lid, &recordSize);
+    if (result != TAVO_OK)
+        return result;
+    buffer.assign(recordSize, 0);
+    if (size)
+        *size = recordSize;
+    return TAVO_OK;
+}
+
 TAVO_RESULT ICalItemByNvramOperation::ReadBatch(CNvramBatch &batch)
 {
     return m_nvramMan.ReadNvram(batch.Count(), batch.m_lids.data(), batch.m_records.data(), batch.m_sizes.data(),

@@ -58,6 +58,9 @@ protected:
     };
     using BatchBuilder = std::function<void(CNvramBatch &)>;
 
+    // Allocates `buffer` once, zeroed, with the record size of `lid` (also
+    // given in *size); an allocated buffer stays as it is.
+    static TAVO_RESULT PrepareRecordBuffer(const char *lid, std::vector<uint8_t> &buffer, uint32_t *size = nullptr);
     // One transfer of the batch's records (CNvramMan).
     TAVO_RESULT ReadBatch(CNvramBatch &batch);
     TAVO_RESULT WriteBatch(CNvramBatch &batch);

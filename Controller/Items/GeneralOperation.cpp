@@ -4,7 +4,7 @@
 
 QString IGeneralOperation::TavoResultText(TAVO_RESULT result)
 {
-    return "TAVO_RESULT = " + QString::fromUtf8(TAVO_GetResultText(result));
+    return "TAVO_RESULT = " + LibraryResultText(result);
 }
 
 uint32_t IGeneralOperation::FailWithTavoResult(uint32_t code, TAVO_RESULT result)

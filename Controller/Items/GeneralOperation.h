@@ -27,6 +27,8 @@ protected:
     int Handle() const { return m_targetAccess.GetHandle(); }
     // "TAVO_RESULT = " and the library's text of `result`.
     static QString TavoResultText(TAVO_RESULT result);
+    // The library's text of `result` alone.
+    static QString LibraryResultText(TAVO_RESULT result) { return QString::fromUtf8(TAVO_GetResultText(result)); }
 
     // How a failed library call reads in this object's error text:
     // TavoResultText by default; objects that report the library's text

@@ -35,11 +35,6 @@ float FromFixed(int32_t value, double scale) { return float(double(value) / scal
 const char *const CGpsCoClock::kSection = "GPS COClock Coefficients";
 const char *const CGpsCoClock::kLid = "NVRAM_EF_GPS_CO_CLOCK_DATA_LID";
 
-QString CGpsCoClock::DescribeTavoResult(TAVO_RESULT result) const
-{
-    return QString::fromUtf8(TAVO_GetResultText(result));
-}
-
 bool CGpsCoClock::IsByL1() { return m_mmrfCapability.IsGpsCoClockByL1(); }
 
 bool CGpsCoClock::IsV3() { return m_mmrfCapability.GetGpsCoClockVersion() == kGpsCoClockVersion3; }
@@ -120,15 +115,7 @@ TAVO_RESULT CGpsCoClock::WriteErf()
 
 // ---- NVRAM record -----------------------------------------------------------------
 
-TAVO_RESULT CGpsCoClock::PrepareNvramBuffers()
-{
-    if (!m_rawBuffer.empty())
-        return TAVO_OK;
-    const TAVO_RESULT result = TAVO_NVRAM_GetRecordSize(kLid, &m_rawSize);
-    if (result == TAVO_OK)
-        m_rawBuffer.assign(m_rawSize, 0);
-    return result;
-}
+TAVO_RESULT CGpsCoClock::PrepareNvramBuffers() { return PrepareRecordBuffer(kLid, m_rawBuffer, &m_rawSize); }
 
 TAVO_RESULT CGpsCoClock::DecomposeNvramData() { return MoveFields(false); }
 

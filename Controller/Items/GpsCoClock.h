@@ -51,7 +51,7 @@ public:
     uint32_t GetGpsMethod() const { return m_gpsMethod; }
 
 protected:
-    QString DescribeTavoResult(TAVO_RESULT result) const override;
+    QString DescribeTavoResult(TAVO_RESULT result) const override { return LibraryResultText(result); }
 
 private:
     bool IsByL1();

@@ -12,16 +12,7 @@ const char *const kField = "cload_freq_offset";
 const char *const CGsmDcxoLpm::kSection = "DCXO low power mode data";
 const char *const CGsmDcxoLpm::kLid = "NVRAM_EF_L1_CLOAD_FREQ_OFFSET_LID";
 
-TAVO_RESULT CGsmDcxoLpm::PrepareNvramBuffers()
-{
-    if (!m_rawBuffer.empty())
-        return TAVO_OK;
-    uint32_t size = 0;
-    const TAVO_RESULT result = TAVO_NVRAM_GetRecordSize(kLid, &size);
-    if (result == TAVO_OK)
-        m_rawBuffer.assign(size, 0);
-    return result;
-}
+TAVO_RESULT CGsmDcxoLpm::PrepareNvramBuffers() { return PrepareRecordBuffer(kLid, m_rawBuffer); }
 
 TAVO_RESULT CGsmDcxoLpm::DecomposeNvramData()
 {

@@ -19,8 +19,6 @@ std::string KeyOf(int index) { return index == 0 ? "IMEI" : "IMEI" + std::to_str
 const char *const CIMEI::kSection = "IMEI";
 const char *const CIMEI::kLid = "NVRAM_EF_IMEI_IMEISV_LID";
 
-QString CIMEI::DescribeTavoResult(TAVO_RESULT result) const { return QString::fromUtf8(TAVO_GetResultText(result)); }
-
 bool CIMEI::IsSectionInFile(TIniFile *file) const { return file && file->IsSectionExist(kSection); }
 
 QString CIMEI::GetImei(int index) const
@@ -61,12 +59,9 @@ void CIMEI::QueryRecordCount()
 TAVO_RESULT CIMEI::PrepareNvramBuffers()
 {
     for (int i = 0; i < HandledRecords(); ++i) {
-        if (!m_rawBuffer[size_t(i)].empty())
-            continue;
-        const TAVO_RESULT result = TAVO_NVRAM_GetRecordSize(kLid, &m_rawSize[size_t(i)]);
+        const TAVO_RESULT result = PrepareRecordBuffer(kLid, m_rawBuffer[size_t(i)], &m_rawSize[size_t(i)]);
         if (result != TAVO_OK)
             return result;
-        m_rawBuffer[size_t(i)].assign(m_rawSize[size_t(i)], 0);
     }
     return TAVO_OK;
 }

@@ -44,7 +44,7 @@ public:
     QString GetImei(int index) const;
 
 protected:
-    QString DescribeTavoResult(TAVO_RESULT result) const override;
+    QString DescribeTavoResult(TAVO_RESULT result) const override { return LibraryResultText(result); }
 
 private:
     void QueryRecordCount();

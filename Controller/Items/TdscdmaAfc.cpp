@@ -41,19 +41,10 @@ int CTdscdmaAfc::StartAfc(const SAfcStartCmd &cmd)
 
 TAVO_RESULT CTdscdmaAfc::PrepareNvramBuffers()
 {
-    const auto allocate = [](const char *lid, std::vector<uint8_t> &buffer) -> TAVO_RESULT {
-        if (!buffer.empty())
-            return TAVO_OK;
-        uint32_t size = 0;
-        const TAVO_RESULT result = TAVO_NVRAM_GetRecordSize(lid, &size);
-        if (result == TAVO_OK)
-            buffer.assign(size, 0);
-        return result;
-    };
-    const TAVO_RESULT result = allocate(kAfcLid, m_afcBuffer);
+    const TAVO_RESULT result = PrepareRecordBuffer(kAfcLid, m_afcBuffer);
     if (result != TAVO_OK || !HasCap())
         return result;
-    return allocate(kCapLid, m_capBuffer);
+    return PrepareRecordBuffer(kCapLid, m_capBuffer);
 }
 
 TAVO_RESULT CTdscdmaAfc::DecomposeNvramData()
