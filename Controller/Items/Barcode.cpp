@@ -51,12 +51,10 @@ uint32_t CBarcode::DownloadToFlash()
 
 uint32_t CBarcode::ReadFromFile(TIniFile *file)
 {
-    m_errorMessage.clear();
     m_isDataValid = false;
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    if (!file->IsSectionExist(kSection))
-        return ERROR_CODE_FILE_NO_DATA;
+    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, {kSection}, m_errorMessage);
+    if (checked != ERROR_CODE_SUCCESS)
+        return checked;
     m_isDataValid = true;
     // A longer text is cut; the rest of the record is zeros.
     const std::string text = file->ReadString(kSection, "Barcode", "");

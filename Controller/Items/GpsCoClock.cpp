@@ -189,12 +189,10 @@ uint32_t CGpsCoClock::DownloadToFlash()
 
 uint32_t CGpsCoClock::ReadFromFile(TIniFile *file)
 {
-    m_errorMessage.clear();
     m_isDataValid = false;
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    if (!file->IsSectionExist(kSection))
-        return ERROR_CODE_FILE_NO_DATA;
+    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, {kSection}, m_errorMessage);
+    if (checked != ERROR_CODE_SUCCESS)
+        return checked;
     C0 = float(file->ReadDouble(kSection, "C0", 0));
     C1 = float(file->ReadDouble(kSection, "C1", 0));
     // The file has no second and third order coefficients: a version 3

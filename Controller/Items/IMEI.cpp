@@ -169,13 +169,11 @@ uint32_t CIMEI::DownloadToFlash(bool composeFlag)
 
 uint32_t CIMEI::ReadFromFile(TIniFile *file)
 {
-    m_errorMessage.clear();
     m_recordValid.fill(false);
     m_isDataValid = false;
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    if (!file->IsSectionExist(kSection))
-        return ERROR_CODE_FILE_NO_DATA;
+    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, {kSection}, m_errorMessage);
+    if (checked != ERROR_CODE_SUCCESS)
+        return checked;
     m_isDataValid = true;
     QueryRecordCount();
     for (int i = 0; i < m_recordCount; ++i) {

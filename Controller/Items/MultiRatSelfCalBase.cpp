@@ -96,13 +96,11 @@ uint32_t IMultiRatSelfCal::WriteToFile(TIniFile *file)
 
 uint32_t IMultiRatSelfCal::ReadFromFile(TIniFile *file)
 {
-    m_errorMessage.clear();
     m_isDataValid = false;
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
     const std::string section = Section().toStdString();
-    if (!file->IsSectionExist(section))
-        return ERROR_CODE_FILE_NO_DATA;
+    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, {section}, m_errorMessage);
+    if (checked != ERROR_CODE_SUCCESS)
+        return checked;
     if (!CollectLidInfo())
         return FailCollect();
     for (SSelfCalLidInfo &block : m_blocks) {

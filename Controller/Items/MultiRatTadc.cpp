@@ -56,12 +56,10 @@ uint32_t CMultiRatTadc::DownloadToFlash()
 
 uint32_t CMultiRatTadc::ReadFromFile(TIniFile *file)
 {
-    m_errorMessage.clear();
     m_isDataValid = false;
-    if (!file)
-        return ERROR_CODE_FILE_NOT_OPERABLE;
-    if (!file->IsSectionExist(kSection))
-        return ERROR_CODE_FILE_NO_DATA;
+    const uint32_t checked = m_rfChipIdRecorder.CheckFileSections(file, {kSection}, m_errorMessage);
+    if (checked != ERROR_CODE_SUCCESS)
+        return checked;
     const int rows = GetRficCount();
     for (int row = 0; row < rows; ++row) {
         const std::string text = file->ReadString(kSection, RowKey(row), kDefaultRow);
