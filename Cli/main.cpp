@@ -4,10 +4,12 @@
  */
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLoggingCategory>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -86,7 +88,8 @@ int main(int argc, char *argv[])
         "Commands:\n"
         "  items [--file CAL]            the items the target offers (and those CAL holds)\n"
         "  upload --file CAL [ITEM...]   target to CAL (every item the target offers by default)\n"
-        "  download --file CAL [ITEM...] CAL to target (every item CAL holds by default)\n\n"
+        "  download --file CAL [ITEM...] CAL to target (every item CAL holds by default)\n"
+        "  show ITEM                     the target's data of ITEM, as a Cal/INI file holds them\n\n"
         "Example: radbench-cli --profile modern-l1 upload --file unit42.ini \"MMRF AFC\" TPC\n\n"
         "Exit codes: 0 all done, 2 bad usage, 3 an item failed on the target, 4 a file failed.");
     parser.addHelpOption();
@@ -107,12 +110,14 @@ int main(int argc, char *argv[])
 
     const QStringList arguments = parser.positionalArguments();
     const QString command = arguments.value(0);
-    if (command != "items" && command != "upload" && command != "download")
-        return Fail(EXIT_USAGE, command.isEmpty() ? "no command (items, upload, download)"
+    if (command != "items" && command != "upload" && command != "download" && command != "show")
+        return Fail(EXIT_USAGE, command.isEmpty() ? "no command (items, upload, download, show)"
                                                   : "unknown command: " + command);
-    const QString path = parser.value(file);
-    if (command != "items" && path.isEmpty())
+    QString path = parser.value(file);
+    if ((command == "upload" || command == "download") && path.isEmpty())
         return Fail(EXIT_USAGE, command + " needs --file CAL");
+    if (command == "show" && arguments.size() != 2)
+        return Fail(EXIT_USAGE, "show needs one item");
 
     QString error;
     if (!TavoSim::LoadProfile(parser.value(profile), &error))
@@ -129,10 +134,26 @@ int main(int argc, char *argv[])
     const QStringList unknown = session.Unknown(items);
     if (!unknown.isEmpty())
         return Fail(EXIT_USAGE, "the target offers no item " + unknown.join(", "));
+    // An item's data are shown as a file of that item alone holds them.
+    QTemporaryDir scratch;
+    if (command == "show")
+        path = scratch.filePath("show.ini");
     QVector<SEachItemOperationResult> results;
-    const bool moved = command == "upload" ? session.Upload(path, items, results, error)
-                                           : session.Download(path, items, results, error);
+    const bool moved = command == "download" ? session.Download(path, items, results, error)
+                                             : session.Upload(path, items, results, error);
     if (!moved)
         return Fail(EXIT_FILE, error);
-    return Report(command, results, parser.isSet(json));
+    if (command != "show")
+        return Report(command, results, parser.isSet(json));
+    if (results.value(0).errorCode != 0)
+        return Report(command, results, parser.isSet(json));
+    QFile shown(path);
+    const QString text = shown.open(QIODevice::ReadOnly) ? QString::fromUtf8(shown.readAll()) : QString();
+    if (parser.isSet(json))
+        Print(stdout, QJsonDocument(QJsonObject{{"command", command}, {"ok", true}, {"item", items.first()},
+                                                {"data", text}})
+                          .toJson(QJsonDocument::Compact) + "\n");
+    else
+        Print(stdout, text);
+    return EXIT_OK;
 }

@@ -50,6 +50,7 @@ private slots:
         QTest::newRow("no command") << QStringList() << 2 << "no command";
         QTest::newRow("unknown command") << QStringList{"flash"} << 2 << "unknown command: flash";
         QTest::newRow("upload without a file") << QStringList{"upload"} << 2 << "upload needs --file CAL";
+        QTest::newRow("show two items") << QStringList{"show", "TPC", "IMEI"} << 2 << "show needs one item";
         QTest::newRow("unknown option") << QStringList{"items", "--fast"} << 2 << "Unknown option 'fast'.";
         QTest::newRow("unknown profile") << QStringList{"--profile", "nope", "items"} << 2 << "profile:";
         QTest::newRow("unknown item") << QStringList{"upload", "--file", "x.ini", "TPC", "Coffee"} << 2
@@ -90,6 +91,9 @@ private slots:
         QCOMPARE(Run({"--nvram", fresh, "download", "--file", cal, "Temperature ADC", "TPC"}).exitCode, 0);
         QCOMPARE(KeptRecord(fresh, "NVRAM_EF_AST_TL1_TEMP_DAC_LID"), record);
         QVERIFY(Run({"items", "--file", cal}).out.contains("Temperature ADC   in file"));
+        const SRun show = Run({"--nvram", fresh, "show", "Temperature ADC"});
+        QCOMPARE(show.exitCode, 0);
+        QVERIFY2(show.out.contains("ADC7 = 2300"), show.out.constData());
     }
 
     // A download whose item fails on the target: exit code 3 and the item named.
