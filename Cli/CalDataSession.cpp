@@ -73,6 +73,12 @@ QVector<SEachItemOperationResult> CCalDataSession::Run(IRfCoreCalDataOperation *
 {
     QEventLoop loop;
     QVector<SEachItemOperationResult> results;
+    const QMetaObject::Connection progress = QObject::connect(
+        controller, &IRfCoreCalDataOperation::Signal_FinishItemCount, &loop,
+        [this](int finished, SEachItemOperationResult itemResult) {
+            if (finished > 0 && m_progress)
+                m_progress(++m_done, m_total, itemResult.itemName);
+        });
     const auto done = [&](bool, QVector<SEachItemOperationResult> itemResults) {
         results = itemResults;
         loop.quit();
@@ -98,6 +104,7 @@ QVector<SEachItemOperationResult> CCalDataSession::Run(IRfCoreCalDataOperation *
     }
     loop.exec();
     QObject::disconnect(connection);
+    QObject::disconnect(progress);
     return results;
 }
 
@@ -106,6 +113,8 @@ bool CCalDataSession::Upload(const QString &path, QStringList items, QVector<SEa
 {
     if (items.isEmpty())
         items = TargetItems();
+    m_done = 0;
+    m_total = 2 * int(items.size());
     TIniFile file(path);
     for (const auto &[controller, own] : ByController(items)) {
         // What the target gave goes to the file; an item that failed to
@@ -137,6 +146,8 @@ bool CCalDataSession::Download(const QString &path, QStringList items, QVector<S
     }
     if (items.isEmpty())
         items = FileItems(path);
+    m_done = 0;
+    m_total = 2 * int(items.size());
     TIniFile file(path);
     for (const auto &[controller, own] : ByController(items)) {
         const QVector<SEachItemOperationResult> loaded = Run(controller, ECalDataMovement::LoadFromFile, own, &file);

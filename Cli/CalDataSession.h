@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
+
 #include "Interface/CalDataMovement.h"
 #include "SEachItemOperationResult.h"
 
@@ -30,11 +32,21 @@ public:
     // The names of `items` that no controller offers on this target.
     QStringList Unknown(const QStringList &items);
 
+    // Told after each item of a movement: how many of the movement's items
+    // are done, of how many, and the item.
+    using Progress = std::function<void(int done, int total, const QString &item)>;
+    void SetProgress(Progress progress) { m_progress = std::move(progress); }
+
 private:
     // The controller of `item` on this target, or null.
     IRfCoreCalDataOperation *ControllerOf(const QString &item);
-    static QVector<SEachItemOperationResult> Run(IRfCoreCalDataOperation *controller, ECalDataMovement movement,
-                                                 const QStringList &items, TIniFile *file);
+    QVector<SEachItemOperationResult> Run(IRfCoreCalDataOperation *controller, ECalDataMovement movement,
+                                          const QStringList &items, TIniFile *file);
     // `items` grouped by their controller, in the order of the controllers.
     QVector<QPair<IRfCoreCalDataOperation *, QStringList>> ByController(const QStringList &items);
+
+    Progress m_progress;
+    // Of the running command: its items' steps done and in all.
+    int m_done = 0;
+    int m_total = 0;
 };

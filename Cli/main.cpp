@@ -100,7 +100,8 @@ int main(int argc, char *argv[])
     const QCommandLineOption nvram("nvram", "Keep the target's NVRAM in FILE between runs.", "FILE");
     const QCommandLineOption file("file", "The Cal/INI file.", "CAL");
     const QCommandLineOption json("json", "Print JSON instead of a table.");
-    parser.addOptions({profile, nvram, file, json});
+    const QCommandLineOption quiet("quiet", "No progress lines on stderr.");
+    parser.addOptions({profile, nvram, file, json, quiet});
     if (!parser.parse(app.arguments()))
         return Fail(EXIT_USAGE, parser.errorText());
     if (parser.isSet("help")) {
@@ -127,6 +128,10 @@ int main(int argc, char *argv[])
     TavoSim::LoadDatabase();
 
     CCalDataSession session;
+    if (!parser.isSet(quiet))
+        session.SetProgress([](int done, int total, const QString &item) {
+            Print(stderr, QString("[%1/%2] %3\n").arg(done).arg(total).arg(item));
+        });
     if (command == "items")
         return ListItems(session, path, parser.isSet(json));
 

@@ -82,13 +82,16 @@ private slots:
         const QString record = KeptRecord(first, "NVRAM_EF_AST_TL1_TEMP_DAC_LID");
         QVERIFY(!record.isEmpty());
 
-        const SRun upload = Run({"--nvram", first, "--json", "upload", "--file", cal});
+        const SRun upload = Run({"--nvram", first, "--json", "--quiet", "upload", "--file", cal});
+        QCOMPARE(upload.err, QByteArray());
         QCOMPARE(upload.exitCode, 0);
         const QJsonObject answer = QJsonDocument::fromJson(upload.out).object();
         QVERIFY(answer["ok"].toBool());
         QVERIFY(answer["items"].toArray().size() >= 4);
 
-        QCOMPARE(Run({"--nvram", fresh, "download", "--file", cal, "Temperature ADC", "TPC"}).exitCode, 0);
+        const SRun download = Run({"--nvram", fresh, "download", "--file", cal, "Temperature ADC", "TPC"});
+        QCOMPARE(download.exitCode, 0);
+        QCOMPARE(download.err, QByteArray("[1/4] Temperature ADC\n[2/4] TPC\n[3/4] Temperature ADC\n[4/4] TPC\n"));
         QCOMPARE(KeptRecord(fresh, "NVRAM_EF_AST_TL1_TEMP_DAC_LID"), record);
         QVERIFY(Run({"items", "--file", cal}).out.contains("Temperature ADC   in file"));
         const SRun show = Run({"--nvram", fresh, "show", "Temperature ADC"});
