@@ -13,6 +13,9 @@ struct SEachItemOperationResult {
     QString itemName;
     qint32 errorCode = 0;
     QString errorMessage;
+    // Of a write to the target: the Cal/INI file that holds what the target
+    // had before; empty when no backup was made.
+    QString backupFile = {};
 
     bool IsSuccess() const { return errorCode == 0; }
 };

@@ -5,6 +5,7 @@
 
 #include "PoolRun.h"
 #include "RadbenchLog.h"
+#include "Safeguard/WriteSafeguard.h"
 #include "TavoApp.h"
 
 IRfCoreCalDataOperation::IRfCoreCalDataOperation(QObject *parent) : QObject(parent)
@@ -133,6 +134,9 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
 {
     run.ResetItemResults();
     m_stopRequested = false;
+    // The writes of a download are backed up and journaled, as the program says.
+    const std::unique_ptr<CWriteSafeguard::CWrites> writes =
+        run.movement == ECalDataMovement::DownloadToFlash ? CWriteSafeguard::Instance()->BeginWrites() : nullptr;
     // Whatever escapes from an item ends the pass with the results so far.
     try {
         for (int i = 0; i < run.m_operateItems.size(); ++i) {
@@ -145,11 +149,14 @@ void IRfCoreCalDataOperation::RunMovement(SCalDataRun &run)
             const QString &name = run.m_operateItems.at(i);
             run.m_errorMessage.clear();
             int code = ERROR_CODE_NOT_EXECUTED;
+            QString backupFile;
             if (CCalItemDescriptor *item = m_calItemMap.ByName(name))
-                code = item->Move(run.movement, run.m_calFile, run.m_errorMessage);
+                code = writes ? writes->Write(*item, run.m_errorMessage, backupFile)
+                              : item->Move(run.movement, run.m_calFile, run.m_errorMessage);
             if (code != ERROR_CODE_SUCCESS)
                 run.m_isAllSuccess = false;
             run.AddItemResult(name, code, run.m_errorMessage);
+            run.m_itemResults.last().backupFile = backupFile;
             HandOverToReceivers();
             emit Signal_FinishItemCount(i + 1, run.GetItemResult(i));
         }
