@@ -1,8 +1,8 @@
 #include "CalDataSession.h"
 
-#include <QEventLoop>
 #include <QFileInfo>
 
+#include "AwaitSignal.h"
 #include "GeneralCore.h"
 #include "TIniFile.h"
 #include "TdscdmaCore.h"
@@ -71,41 +71,34 @@ QVector<QPair<IRfCoreCalDataOperation *, QStringList>> CCalDataSession::ByContro
 QVector<SEachItemOperationResult> CCalDataSession::Run(IRfCoreCalDataOperation *controller, ECalDataMovement movement,
                                                        const QStringList &items, TIniFile *file)
 {
-    QEventLoop loop;
-    QVector<SEachItemOperationResult> results;
-    const QMetaObject::Connection progress = QObject::connect(
-        controller, &IRfCoreCalDataOperation::Signal_FinishItemCount, &loop,
-        [this](int finished, SEachItemOperationResult itemResult) {
-            if (finished > 0 && m_progress)
-                m_progress(++m_done, m_total, itemResult.itemName);
-        });
-    const auto done = [&](bool, QVector<SEachItemOperationResult> itemResults) {
-        results = itemResults;
-        loop.quit();
-    };
-    QMetaObject::Connection connection;
+    QObject receiver;
+    QObject::connect(controller, &IRfCoreCalDataOperation::Signal_FinishItemCount, &receiver,
+                     [this](int finished, SEachItemOperationResult itemResult) {
+                         if (finished > 0 && m_progress)
+                             m_progress(++m_done, m_total, itemResult.itemName);
+                     });
+    using Done = void (IRfCoreCalDataOperation::*)(bool, QVector<SEachItemOperationResult>);
+    Done done = nullptr;
+    std::function<void()> start;
     switch (movement) {
     case ECalDataMovement::UploadFromFlash:
-        connection = QObject::connect(controller, &IRfCoreCalDataOperation::Signal_UploadFromFlashDone, &loop, done);
-        controller->UploadFromFlash(items);
+        done = &IRfCoreCalDataOperation::Signal_UploadFromFlashDone;
+        start = [&] { controller->UploadFromFlash(items); };
         break;
     case ECalDataMovement::DownloadToFlash:
-        connection = QObject::connect(controller, &IRfCoreCalDataOperation::Signal_DownloadToFlashDone, &loop, done);
-        controller->DownloadToFlash(items);
+        done = &IRfCoreCalDataOperation::Signal_DownloadToFlashDone;
+        start = [&] { controller->DownloadToFlash(items); };
         break;
     case ECalDataMovement::LoadFromFile:
-        connection = QObject::connect(controller, &IRfCoreCalDataOperation::Signal_LoadFromFileDone, &loop, done);
-        controller->LoadFromFile(file, items);
+        done = &IRfCoreCalDataOperation::Signal_LoadFromFileDone;
+        start = [&] { controller->LoadFromFile(file, items); };
         break;
     case ECalDataMovement::SaveToFile:
-        connection = QObject::connect(controller, &IRfCoreCalDataOperation::Signal_SaveToFileDone, &loop, done);
-        controller->SaveToFile(file, items);
+        done = &IRfCoreCalDataOperation::Signal_SaveToFileDone;
+        start = [&] { controller->SaveToFile(file, items); };
         break;
     }
-    loop.exec();
-    QObject::disconnect(connection);
-    QObject::disconnect(progress);
-    return results;
+    return std::get<1>(AwaitSignal(controller, done, start));
 }
 
 bool CCalDataSession::Upload(const QString &path, QStringList items, QVector<SEachItemOperationResult> &results,

@@ -163,6 +163,23 @@ QStringList CTdscdmaCore::GetInitPageList()
     return pages;
 }
 
+QStringList CTdscdmaCore::GetTestItems()
+{
+    QStringList items;
+    for (const auto &item : m_pageItemMap.Items()) {
+        if (item->TestKind() != CPageItemDescriptor::ETestKind::None && !item->PageClass().isEmpty())
+            items << item->Name();
+    }
+    return items;
+}
+
+CPageItemDescriptor::ETestKind CTdscdmaCore::GetTestKind(const QString &item)
+{
+    // (ByName takes an unknown name for page 0.)
+    CPageItemDescriptor *page = m_pageItemMap.ByName(item);
+    return page && page->Name() == item ? page->TestKind() : CPageItemDescriptor::ETestKind::None;
+}
+
 // ---- Arming ----------------------------------------------------------------
 
 void CTdscdmaCore::SetUbin(bool enable) { RunInPool(this, &CTdscdmaCore::SetUbinInternal, enable); }

@@ -78,6 +78,10 @@ public:
     std::unique_ptr<CPageItemDescriptor> TakePageItem(int id) { return m_pageItemMap.Take(id); }
     // The id of a page item's name; a name the controller does not know gives 0.
     int PageItemId(const QString &name) const { return m_pageItemMap.IdOf(name); }
+    // The page items of the connected target that have a test, in the order
+    // of the page list, and what kind of test an item has.
+    QStringList GetTestItems();
+    CPageItemDescriptor::ETestKind GetTestKind(const QString &item);
     // The name of the page item of `id`; empty when there is none.
     QString GetPageItemName(int id) const;
 

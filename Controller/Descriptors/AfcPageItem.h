@@ -13,6 +13,7 @@ public:
     explicit CAfcPageItem(CTdscdmaAfc &afc);
 
     void Test(STestRun &run) override;
+    ETestKind TestKind() const override { return ETestKind::Held; }
 
 private:
     CTdscdmaAfc &m_afcObj;

@@ -19,6 +19,7 @@ public:
     }
 
     void Test(STestRun &run) override { Turn(m_on, run); }
+    ETestKind TestKind() const override { return ETestKind::Held; }
 
     bool Stop(STestRun &run) override
     {

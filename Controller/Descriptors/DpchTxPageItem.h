@@ -11,6 +11,7 @@ public:
     CDpchTxPageItem();
 
     void Test(STestRun &run) override;
+    ETestKind TestKind() const override { return ETestKind::Held; }
 
 private:
     CTdscdmaDpchTx m_dpchTxObj;

@@ -13,6 +13,7 @@ public:
     CRssiPageItem();
 
     void Test(STestRun &run) override;
+    ETestKind TestKind() const override { return ETestKind::Single; }
 
 private:
     CTdscdmaRssi m_rssiObj;

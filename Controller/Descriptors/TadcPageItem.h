@@ -18,6 +18,7 @@ public:
 
     QString PageClass() override;
     void Test(STestRun &run) override;
+    ETestKind TestKind() const override { return ETestKind::Single; }
 
 private:
     CTdscdmaTadc &m_tadcObj;

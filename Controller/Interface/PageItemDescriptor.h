@@ -44,6 +44,10 @@ struct SPageModel {
 // the caller (a pool thread too).
 class CPageItemDescriptor {
 public:
+    // What the page's test is: none, one measure or command that ends by
+    // itself, or one that holds the target until its stop.
+    enum class ETestKind { None, Single, Held };
+
     // `pageClass` names the page's class, as the window builds it.
     CPageItemDescriptor(int id, QString name, QString pageClass, SPageModel model);
     virtual ~CPageItemDescriptor();
@@ -62,6 +66,7 @@ public:
     // The page's test, into `run`. An item without a test of its own ends
     // as not executed (code 2) without a target call.
     virtual void Test(STestRun &run);
+    virtual ETestKind TestKind() const { return ETestKind::None; }
     // The stop of the page's test, into `run`; false when the controller's
     // common stop serves the item.
     virtual bool Stop(STestRun &run);

@@ -8,25 +8,18 @@
 #include "Interface/CalItemDescriptor.h"
 #include "TIniFile.h"
 
-namespace {
-
-// A name in `folder` that no file has yet.
-QString FreshName(const QString &folder)
+QString CCalDataBackup::NewPath(const QString &folder)
 {
     const QString stem = "backup-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss-zzz");
     QString path = QDir(folder).filePath(stem + ".ini");
     for (int n = 2; QFileInfo::exists(path); ++n)
         path = QDir(folder).filePath(QString("%1-%2.ini").arg(stem).arg(n));
-    return path;
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
 
-} // namespace
-
-CCalDataBackup::CCalDataBackup(const QString &folder)
+CCalDataBackup::CCalDataBackup(const QString &path) : m_path(path), m_file(std::make_unique<TIniFile>(path))
 {
-    QDir().mkpath(folder);
-    m_path = QDir::cleanPath(QFileInfo(FreshName(folder)).absoluteFilePath());
-    m_file = std::make_unique<TIniFile>(m_path);
+    QDir().mkpath(QFileInfo(path).absolutePath());
 }
 
 CCalDataBackup::~CCalDataBackup() = default;

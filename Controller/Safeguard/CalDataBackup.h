@@ -14,12 +14,16 @@ class TIniFile;
 // touched.
 class CCalDataBackup {
 public:
-    // A new file in `folder` (made as needed), named after the time of the
-    // download: "backup-20261124-130512-123.ini".
-    explicit CCalDataBackup(const QString &folder);
+    // Backs up into the file at `path`, made (with its folder) as needed or
+    // added to when it is there.
+    explicit CCalDataBackup(const QString &path);
     ~CCalDataBackup();
 
     const QString &Path() const { return m_path; }
+
+    // A name in `folder` that no file has yet, after the time of the
+    // download: "backup-20261124-130512-123.ini".
+    static QString NewPath(const QString &folder);
 
     // Reads what the target holds for `item` and adds it to the file; the
     // item's own data (about to be written) are the same afterwards. A code

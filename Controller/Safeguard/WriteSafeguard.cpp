@@ -111,10 +111,13 @@ int CWriteSafeguard::CWrites::Write(CCalItemDescriptor &item, QString &message, 
     const QString target = m_settings.journalFile.isEmpty() ? QString() : TargetIdentity();
     int code = ERROR_CODE_SUCCESS;
     if (m_settings.backup) {
-        if (!m_backup)
+        if (!m_backup) {
+            const QString folder = m_settings.backupFolder.isEmpty()
+                                       ? QDir(DefaultFolder()).filePath("radbench-backups")
+                                       : m_settings.backupFolder;
             m_backup = std::make_unique<CCalDataBackup>(
-                m_settings.backupFolder.isEmpty() ? QDir(DefaultFolder()).filePath("radbench-backups")
-                                                  : m_settings.backupFolder);
+                m_settings.backupFile.isEmpty() ? CCalDataBackup::NewPath(folder) : m_settings.backupFile);
+        }
         QString why;
         code = m_backup->Take(item, why);
         if (code != ERROR_CODE_SUCCESS)

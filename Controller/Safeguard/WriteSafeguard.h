@@ -25,6 +25,10 @@ public:
         // Where backups go; empty: "radbench-backups" beside the Cal/INI file
         // the user chose last (DefaultFolder).
         QString backupFolder;
+        // One file for every download until the next Configure (a command
+        // line run that downloads through both controllers); empty: a new
+        // file in the folder for each download.
+        QString backupFile;
         // The journal's SQLite file; empty: no journal.
         QString journalFile;
         // Who writes, as the journal names it.

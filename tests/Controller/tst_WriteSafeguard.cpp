@@ -80,8 +80,12 @@ class TestWriteSafeguard : public QObject {
 
     CWriteSafeguard::SSettings Guarded(bool backup, const QString &folder, const QString &journal)
     {
-        return {backup, folder.isEmpty() ? m_dir.filePath("backups") : folder,
-                journal.isEmpty() ? m_dir.filePath("journal.sqlite") : journal, "test"};
+        CWriteSafeguard::SSettings settings;
+        settings.backup = backup;
+        settings.backupFolder = folder.isEmpty() ? m_dir.filePath("backups") : folder;
+        settings.journalFile = journal.isEmpty() ? m_dir.filePath("journal.sqlite") : journal;
+        settings.program = "test";
+        return settings;
     }
 
 private slots:
