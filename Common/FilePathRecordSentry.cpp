@@ -11,6 +11,10 @@ const char *const CFilePathRecordSentry::kKey = "last_open_path";
 
 QString CFilePathRecordSentry::SettingsFilePath()
 {
+    // A station (or a test) may keep its settings elsewhere.
+    const QString chosen = qEnvironmentVariable("RADBENCH_SETTINGS");
+    if (!chosen.isEmpty())
+        return chosen;
     return QCoreApplication::applicationDirPath() + "/../configs/User_Latest_Settings.txt";
 }
 

@@ -9,7 +9,8 @@ class TIniFile;
 
 // Remembers the file the user chose last, across dialogs and runs, in the
 // settings file "configs/User_Latest_Settings.txt" beside the folder of the
-// host's executable. Lives for one dialog: the constructor gives the path
+// host's executable (or the file the environment variable RADBENCH_SETTINGS
+// names). Lives for one dialog: the constructor gives the path
 // remembered (empty if none), the destructor stores the path the dialog gave,
 // unless it is empty (the user cancelled). A settings file that cannot be
 // read or written only costs the remembered path.

@@ -3,10 +3,13 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QHideEvent>
+#include <QToolButton>
 #include <QShowEvent>
 
 #include "ErrorCodeInfo.h"
+#include "Journal/WriteJournalDialog.h"
 #include "MessageBoxMan.h"
+#include "Safeguard/WriteSafeguard.h"
 #include "ui_TdscdmaRadbenchForm.h"
 
 namespace {
@@ -24,6 +27,21 @@ CTdscdmaRadbenchForm::CTdscdmaRadbenchForm(QWidget *parent)
     delete takeCentralWidget();
 
     RegisterOperationMetaTypes();
+
+    // The journal of writes, at hand in the status bar (the pages take the
+    // menu bar's place once they are built).
+    auto *journal = new QToolButton(m_ui->statusbar);
+    journal->setObjectName("m_btnWriteJournal");
+    journal->setText("Write journal...");
+    journal->setAutoRaise(true);
+    m_ui->statusbar->addPermanentWidget(journal);
+    connect(journal, &QToolButton::clicked, this, [this] {
+        if (!m_journalDialog)
+            m_journalDialog = new CWriteJournalDialog(this);
+        m_journalDialog->Refresh();
+        m_journalDialog->show();
+        m_journalDialog->raise();
+    });
 }
 
 CTdscdmaRadbenchForm::~CTdscdmaRadbenchForm() { delete m_ui; }
@@ -55,6 +73,9 @@ void CTdscdmaRadbenchForm::ResetForm()
 void CTdscdmaRadbenchForm::showEvent(QShowEvent *event)
 {
     CAutoBindingDataModelForm::showEvent(event);
+    // Writes to the target are backed up and journaled as the user chose
+    // last, here or on the command line.
+    CWriteSafeguard::Instance()->Configure(CWriteSafeguard::LoadSettings("plug-in"));
     emit Signal_PluginIsActivated(true);
     setEnabled(false);
     Slot_UpdateStatusbar("Please to wait the init Ubin flow...");

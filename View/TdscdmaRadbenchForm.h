@@ -4,6 +4,8 @@
 #include "SEachItemOperationResult.h"
 #include "TdscdmaRadbenchCore.h"
 
+class CWriteJournalDialog;
+
 namespace Ui {
 class CTdscdmaRadbenchForm;
 }
@@ -39,6 +41,8 @@ protected:
 
 private:
     bool m_isInit = false;
+    // The journal of writes, made when first asked for.
+    CWriteJournalDialog *m_journalDialog = nullptr;
     CTdscdmaRadbenchCore m_viewController;
     Ui::CTdscdmaRadbenchForm *m_ui;
 };

@@ -1,6 +1,7 @@
 #include "ToolSession.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QStatusBar>
 #include <QTest>
 #include <QAbstractButton>
@@ -23,7 +24,19 @@ bool ToolSession::Load(QString *error)
         return false;
     }
     m_busy = std::make_unique<QSignalSpy>(m_loader.instance(), SIGNAL(Signal_PluginIsBusy(QString, bool)));
-    return true;
+    return ChooseBackups(false);
+}
+
+bool ToolSession::ChooseBackups(bool backup)
+{
+    const QString path = m_settings.filePath("settings.txt");
+    qputenv("RADBENCH_SETTINGS", path.toLocal8Bit());
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) &&
+           file.write(QString("[Write Safeguard]\nbackup_before_write = %1\nbackup_folder = %2\njournal_file = %3\n")
+                          .arg(backup ? 1 : 0)
+                          .arg(m_settings.filePath("backups"), m_settings.filePath("journal.sqlite"))
+                          .toUtf8()) > 0;
 }
 
 bool ToolSession::Unload()

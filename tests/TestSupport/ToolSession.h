@@ -5,6 +5,7 @@
 #include <QPluginLoader>
 #include <QSignalSpy>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -16,6 +17,12 @@ class TavoPluginInterface;
 class ToolSession {
 public:
     explicit ToolSession(const QString &pluginPath) : m_loader(pluginPath) {}
+
+    // The tool's settings file, in a folder of the session's own: writes are
+    // journaled there, backed up (into "backups" there) only when asked for.
+    // Taken when the tool is next shown.
+    bool ChooseBackups(bool backup);
+    QString SettingsFolder() const { return m_settings.path(); }
 
     // In initTestCase and cleanupTestCase: the tool's widgets must go before
     // the application does. Loading also keeps the tool's failure lines and
@@ -56,6 +63,7 @@ private:
     TavoPluginInterface *m_plugin = nullptr;
     QWidget *m_window = nullptr;
     std::unique_ptr<QSignalSpy> m_busy;
+    QTemporaryDir m_settings;
 };
 
 // A suite of GUI tests on one session: the plug-in loaded for the suite,
