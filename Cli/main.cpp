@@ -78,6 +78,9 @@ QString Columns(const QStringList &columns)
     return line + '\n';
 }
 
+// A text of several lines on one: its lines, "; " between them.
+QString OneLine(const QString &text) { return text.split('\n', Qt::SkipEmptyParts).join("; "); }
+
 QString MessageOf(const SEachItemOperationResult &result)
 {
     if (result.errorMessage.isEmpty() && result.errorCode != 0)
@@ -90,7 +93,7 @@ QString Line(const QString &name, const SEachItemOperationResult &result)
 {
     return Columns({name.leftJustified(16), (result.IsSuccess() ? "ok" : QString("failed (%1)").arg(result.errorCode))
                                                 .leftJustified(12),
-                    MessageOf(result).replace('\n', ' ')});
+                    OneLine(MessageOf(result))});
 }
 
 QJsonObject ResultJson(const SEachItemOperationResult &result)
@@ -208,7 +211,7 @@ QString TestLines(const QString &item, const CRadioSession::SOutcome &outcome)
     if (outcome.stopped)
         lines += Line("  stop", outcome.stop);
     for (const auto &[caption, value] : outcome.shown)
-        lines += QString("  %1  %2").arg(caption, -16).arg(value) + '\n';
+        lines += Columns({("  " + caption).leftJustified(16), value});
     return lines;
 }
 
@@ -307,12 +310,13 @@ int SelfTest(CRadioSession &radio, const SOptions &options)
         radio.BuildRequest(item, {}, request, error);
         const CRadioSession::SOutcome outcome = radio.Run(item, request, 0);
         const SEachItemOperationResult &failed = outcome.result.IsSuccess() ? outcome.stop : outcome.result;
-        tell(item, outcome.IsSuccess(), outcome.IsSuccess() ? QString() : MessageOf(failed).replace('\n', ' '),
+        tell(item, outcome.IsSuccess(), outcome.IsSuccess() ? QString() : OneLine(MessageOf(failed)),
              TestJson(item, outcome));
     }
     quint16 value = 0;
     const SEachItemOperationResult read = radio.ReadRegister(0x10, value);
-    tell("Baseband Register", read.IsSuccess(), read.IsSuccess() ? QString() : MessageOf(read), ResultJson(read));
+    tell("Baseband Register", read.IsSuccess(), read.IsSuccess() ? QString() : OneLine(MessageOf(read)),
+         ResultJson(read));
     if (options.json)
         PrintJson({{"command", "selftest"}, {"ok", ok}, {"tests", tests}});
     return ok ? EXIT_OK : EXIT_TARGET;

@@ -112,12 +112,14 @@ private slots:
         QTest::newRow("journal of two items") << QStringList{"journal", "TPC", "AFC"} << 2
                                               << "journal takes one item at most";
     }
-    // One clear line on stderr, and its exit code.
+    // One clear line on stderr, its exit code, and the target untouched.
     void badUsage()
     {
         QFETCH(QStringList, arguments);
         QFETCH(QString, message);
-        const SRun run = Run(arguments);
+        const QString nvram = m_dir.filePath("untouched.json");
+        const SRun run = Run(QStringList{"--nvram", nvram} + arguments);
+        QVERIFY(!QFile::exists(nvram));
         QTEST(run.exitCode, "exitCode");
         QVERIFY2(run.err.startsWith("radbench-cli: " + message.toUtf8()), run.err.constData());
         QCOMPARE(run.err.count('\n'), 1);
@@ -170,8 +172,8 @@ private slots:
         QTest::addColumn<QStringList>("lines"); // of stdout, in order
         const QString agcFails = ProfileWith(m_dir.filePath("agc-fails.json"), {QJsonObject{{"call", "AST_CAL_agc_ex_r"}}});
         QTest::newRow("RSSI measures") << QStringList{"test", "Rssi", "uarfcn=9550", "gain=49"} << 0
-                                       << QStringList{"Rssi              ok", "  RSSI              -73.875",
-                                                      "  DSP Power         -54.875", "  USED Gain         49"};
+                                       << QStringList{"Rssi              ok", "  RSSI            -73.875",
+                                                      "  DSP Power       -54.875", "  USED Gain       49"};
         QTest::newRow("continuous TX held, then stopped")
             << QStringList{"test", "Continuous TX", "band=2010-2025MHz(a)", "uarfcn=10087", "--hold", "50"} << 0
             << QStringList{"Continuous TX     ok", "  stop            ok"};
