@@ -5,10 +5,13 @@
 #include <QDoubleSpinBox>
 #include <QSpinBox>
 #include <QEvent>
+#include <QGridLayout>
 #include <QGroupBox>
+#include <QToolButton>
 #include <QJsonDocument>
 #include <QTableWidget>
 
+#include "Chart/CalDataChart.h"
 #include "FileDialogMan.h"
 #include "JsonPath.h"
 #include "RadbenchLog.h"
@@ -56,6 +59,47 @@ void CCalDataDockWidget::BindOperationWidgets(QComboBox *bandSelector)
     m_bandSelector = bandSelector;
     if (m_bandSelector)
         m_bandSelector->installEventFilter(this);
+}
+
+void CCalDataDockWidget::AttachChart(CCalDataChart *chart)
+{
+    chart->hide();
+    if (auto *page = qobject_cast<QGridLayout *>(widget() ? widget()->layout() : nullptr))
+        page->addWidget(chart, 0, page->columnCount());
+    auto *button = new QToolButton(this);
+    button->setObjectName("m_btnChart");
+    button->setText("&Chart");
+    button->setToolTip("Show or hide the chart of the data, and what looks implausible in them");
+    button->setCheckable(true);
+    button->setAutoRaise(true);
+    // Under the four buttons, above the room left below them.
+    if (auto *buttons = findChild<QGridLayout *>("buttonLayout")) {
+        const int row = buttons->rowCount();
+        QLayoutItem *room = buttons->itemAtPosition(row - 1, 0);
+        if (room && room->spacerItem()) {
+            buttons->removeItem(room);
+            buttons->addWidget(button, row - 1, 0);
+            buttons->addItem(room, row, 0);
+        } else {
+            buttons->addWidget(button, row, 0);
+        }
+    }
+    connect(button, &QToolButton::toggled, this, [this, chart](bool shown) {
+        chart->setVisible(shown);
+        if (!shown) {
+            emit Signal_UpdateStatus("Chart hidden.", 0);
+            return;
+        }
+        chart->Redraw();
+        const int faults = chart->Faults().size();
+        emit Signal_UpdateStatus(faults == 0 ? QString("Chart shown: no implausible value.")
+                                             : QString("Chart shown: %1 implausible value%2.")
+                                                   .arg(faults)
+                                                   .arg(faults == 1 ? "" : "s"),
+                                 0);
+    });
+    // The check runs whenever the tables change, shown or not.
+    connect(this, &CAutoBindingDataModelDockWidget::Signal_InitDone, chart, &CCalDataChart::ScheduleRedraw);
 }
 
 void CCalDataDockWidget::DisableOperation()

@@ -9,6 +9,7 @@
 #include "ErrorCodeInfo.h"
 #include "TdscdmaRadbenchCore.h"
 
+class CCalDataChart;
 class QAbstractButton;
 class QComboBox;
 class QTableWidget;
@@ -66,6 +67,9 @@ protected:
     // m_btnUpload and m_btnDownload, and the band selector (none on a page
     // without bands).
     void BindOperationWidgets(QComboBox *bandSelector);
+    // Puts `chart` beside the page's tables, hidden until the page's "Chart"
+    // button (m_btnChart, under the four others) shows it.
+    void AttachChart(CCalDataChart *chart);
 
     // Opening and closing of an operation whose end the view controller
     // tells by `done`, which reaches `slot` of the page in between.

@@ -33,9 +33,9 @@ struct SPathlossCurves {
 // A value that does not look like a real calibration: the points it
 // concerns, as (curve, point) of the curves checked, and what is wrong.
 struct SCalFault {
-    enum class EKind { NotRising, ShortOverlap, LossJump };
+    enum class EKind { PowerNotRising, ShortOverlap, LossJump, DacNotRising };
 
-    EKind kind = EKind::NotRising;
+    EKind kind = EKind::PowerNotRising;
     QVector<QPair<int, int>> points;
     QString text;
 };

@@ -63,18 +63,21 @@ QVector<SCalFault> CCalPlausibility::CheckTpc(const STpcCurves &curves)
         const QString name = STpcCurves::kModeNames[size_t(mode)];
         for (int point = 1; point < std::min(dac.size(), power.size()); ++point) {
             QString text;
-            if (dac[point] <= dac[point - 1])
+            SCalFault::EKind kind = SCalFault::EKind::DacNotRising;
+            if (dac[point] <= dac[point - 1]) {
                 text = QString("%1: DAC word %2 of point %3 is not above %4 of point %5")
                            .arg(name, Number(dac[point]))
                            .arg(point)
                            .arg(Number(dac[point - 1]))
                            .arg(point - 1);
-            else if (power[point] <= power[point - 1] + kEpsilon)
+            } else if (power[point] <= power[point - 1] + kEpsilon) {
+                kind = SCalFault::EKind::PowerNotRising;
                 text = QString("%1: power %2 dBm at DAC %3 does not rise above %4 dBm at DAC %5")
                            .arg(name, Number(power[point]), Number(dac[point]), Number(power[point - 1]),
                                 Number(dac[point - 1]));
+            }
             if (!text.isEmpty())
-                faults.append({SCalFault::EKind::NotRising, {{mode, point}}, text});
+                faults.append({kind, {{mode, point}}, text});
         }
     }
     // Neighbouring modes: the stronger one's lowest power must lie below the

@@ -1,5 +1,6 @@
 #include "TdscdmaPathlossDockWidget.h"
 
+#include "Chart/CalDataChart.h"
 #include "PageRegistration.h"
 #include "RadbenchLog.h"
 #include "ui_TdscdmaPathlossDockWidget.h"
@@ -25,6 +26,7 @@ CTdscdmaPathlossDockWidget::CTdscdmaPathlossDockWidget(QWidget *parent)
 {
     m_ui->setupUi(this);
     BindOperationWidgets(m_ui->calDataIf_config_group1_memberProperty_band);
+    AttachChart(CCalDataChart::ForPathloss(m_ui->calDataIf_data_group1_memberProperty_uarfcn, this));
 }
 
 CTdscdmaPathlossDockWidget::~CTdscdmaPathlossDockWidget() = default;

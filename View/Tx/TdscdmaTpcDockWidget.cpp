@@ -1,5 +1,6 @@
 #include "TdscdmaTpcDockWidget.h"
 
+#include "Chart/CalDataChart.h"
 #include "PageRegistration.h"
 #include "RadbenchLog.h"
 #include "ui_TdscdmaTpcDockWidget.h"
@@ -11,6 +12,11 @@ CTdscdmaTpcDockWidget::CTdscdmaTpcDockWidget(QWidget *parent)
 {
     m_ui->setupUi(this);
     BindOperationWidgets(m_ui->calDataIf_config_group1_memberProperty_band);
+    AttachChart(CCalDataChart::ForTpc(
+        m_ui->calDataIf_data_group4_memberProperty_paH, m_ui->calDataIf_data_group5_memberProperty_paH,
+        {m_ui->calDataIf_data_group2_memberProperty_hysteresisStart0, m_ui->calDataIf_data_group2_memberProperty_hysteresisEnd0,
+         m_ui->calDataIf_data_group2_memberProperty_hysteresisStart1, m_ui->calDataIf_data_group2_memberProperty_hysteresisEnd1},
+        this));
 }
 
 CTdscdmaTpcDockWidget::CTdscdmaTpcDockWidget(QWidget *parent, SOwnForm) : CCalDataDockWidget(parent) {}

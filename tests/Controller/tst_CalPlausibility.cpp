@@ -57,7 +57,7 @@ private slots:
         QTest::newRow("a dip that also parts two modes")
             << Edit([](STpcCurves &c) { c.power[2][3] = -2; }) << QStringList{"0 2:3", "1 1:0 2:2"};
         QTest::newRow("DAC words out of order")
-            << Edit([](STpcCurves &c) { std::swap(c.dac[0][1], c.dac[0][2]); }) << QStringList{"0 0:2"};
+            << Edit([](STpcCurves &c) { std::swap(c.dac[0][1], c.dac[0][2]); }) << QStringList{"3 0:2"};
         QTest::newRow("overlap exactly the hysteresis") << Edit([](STpcCurves &) {}) << QStringList();
         QTest::newRow("overlap short by one unit")
             << Edit([](STpcCurves &c) { c.hysteresisEnd[0] = 14; }) << QStringList{"1 0:0 1:3"};
