@@ -130,6 +130,22 @@ bool CCalDataSession::Upload(const QString &path, QStringList items, QVector<SEa
     return true;
 }
 
+bool CCalDataSession::Fetch(const QString &path, const QStringList &items, QVector<SEachItemOperationResult> &results,
+                            QString &error)
+{
+    if (!path.isEmpty() && !QFileInfo(path).isFile()) {
+        error = "no such file: " + path;
+        return false;
+    }
+    m_done = 0;
+    m_total = int(items.size());
+    TIniFile file(path);
+    for (const auto &[controller, own] : ByController(items))
+        results += Run(controller, path.isEmpty() ? ECalDataMovement::UploadFromFlash : ECalDataMovement::LoadFromFile,
+                       own, &file);
+    return true;
+}
+
 bool CCalDataSession::Download(const QString &path, QStringList items, QVector<SEachItemOperationResult> &results,
                                QString &error)
 {

@@ -29,6 +29,11 @@ public:
     bool Download(const QString &path, QStringList items, QVector<SEachItemOperationResult> &results,
                   QString &error);
 
+    // Brings `items` into the tool without writing anything: from the Cal/INI
+    // file at `path`, or from the target when `path` is empty.
+    bool Fetch(const QString &path, const QStringList &items, QVector<SEachItemOperationResult> &results,
+               QString &error);
+
     // The names of `items` that no controller offers on this target.
     QStringList Unknown(const QStringList &items);
 

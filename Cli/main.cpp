@@ -17,9 +17,11 @@
 
 #include <cstdio>
 
+#include "CalDataCheck.h"
 #include "CalDataSession.h"
 #include "ErrorCodeInfo.h"
 #include "RadioSession.h"
+#include "Plausibility/CalPlausibility.h"
 #include "Safeguard/CalDataBackup.h"
 #include "Safeguard/WriteJournal.h"
 #include "Safeguard/WriteSafeguard.h"
@@ -28,7 +30,7 @@
 namespace {
 
 // Exit codes.
-enum EExit { EXIT_OK = 0, EXIT_USAGE = 2, EXIT_TARGET = 3, EXIT_FILE = 4 };
+enum EExit { EXIT_OK = 0, EXIT_USAGE = 2, EXIT_TARGET = 3, EXIT_FILE = 4, EXIT_IMPLAUSIBLE = 5 };
 
 const char *const kProgram = "radbench-cli";
 
@@ -47,6 +49,8 @@ const char *const kDescription =
     "  reg write ADDR VALUE\n"
     "  selftest                        every radio test the target has, once, and a register read\n"
     "  journal [ITEM]                  the writes to targets, newest first (--csv or --json)\n"
+    "  check [--file CAL]              the plausibility of the TPC and path loss curves of every\n"
+    "                                  band, in CAL or on the target (see --max-jump)\n"
     "\n"
     "Examples:\n"
     "  radbench-cli --profile modern-l1 upload --file unit42.ini \"MMRF AFC\" TPC\n"
@@ -56,8 +60,9 @@ const char *const kDescription =
     "  radbench-cli reg write 0x10 0xbeef\n"
     "  radbench-cli --json selftest\n"
     "  radbench-cli journal TPC --csv > tpc-writes.csv\n"
+    "  radbench-cli check --file unit42.ini || echo \"reject unit 42\"\n"
     "\n"
-    "Exit codes: 0 all done, 2 bad usage, 3 the target failed, 4 a file failed.";
+    "Exit codes: 0 all done, 2 bad usage, 3 the target failed, 4 a file failed, 5 implausible data.";
 
 void Print(FILE *stream, const QString &text) { std::fputs(qPrintable(text), stream); }
 
@@ -116,6 +121,7 @@ struct SOptions {
     bool json = false;
     bool csv = false;
     int holdMs = 0;
+    double maxJump = 0;
 };
 
 // ---- Calibration items ---------------------------------------------------------------
@@ -322,6 +328,39 @@ int SelfTest(CRadioSession &radio, const SOptions &options)
     return ok ? EXIT_OK : EXIT_TARGET;
 }
 
+// ---- Plausibility ------------------------------------------------------------------------
+
+int Check(CCalDataSession &session, const SOptions &options)
+{
+    if (!options.arguments.isEmpty())
+        return Fail(EXIT_USAGE, "check takes no item: it checks TPC and RX Path Loss");
+    QVector<CCalDataCheck::SFinding> findings;
+    QVector<SEachItemOperationResult> results;
+    QString error;
+    if (!CCalDataCheck(session).Run(options.file, options.maxJump, findings, results, error))
+        return Fail(EXIT_FILE, error);
+    // Data that could not be brought in cannot be judged.
+    QStringList checked;
+    for (const SEachItemOperationResult &result : results) {
+        if (!result.IsSuccess())
+            return Report("check", results, options.json) == EXIT_OK || !options.file.isEmpty() ? EXIT_FILE : EXIT_TARGET;
+        checked << result.itemName;
+    }
+    if (options.json) {
+        QJsonArray faults;
+        for (const CCalDataCheck::SFinding &finding : findings)
+            faults.append(QJsonObject{{"item", finding.item}, {"band", finding.band}, {"fault", finding.text}});
+        PrintJson({{"command", "check"}, {"ok", findings.isEmpty()}, {"checked", QJsonArray::fromStringList(checked)},
+                   {"faults", faults}});
+    } else if (findings.isEmpty()) {
+        Print(stdout, "plausible: " + checked.join(", ") + '\n');
+    } else {
+        for (const CCalDataCheck::SFinding &finding : findings)
+            Print(stdout, Columns({finding.item.leftJustified(16), finding.band.leftJustified(16), finding.text}));
+    }
+    return findings.isEmpty() ? EXIT_OK : EXIT_IMPLAUSIBLE;
+}
+
 // ---- The journal ------------------------------------------------------------------------
 
 int ListJournal(const QString &path, const SOptions &options)
@@ -376,7 +415,9 @@ int main(int argc, char *argv[])
     const QCommandLineOption backupDir("backup-dir",
                                        "download: the folder of backups (default: radbench-backups beside CAL).", "DIR");
     const QCommandLineOption journal("journal", "The journal of writes (SQLite; default: the tool's).", "FILE");
-    parser.addOptions({profile, nvram, file, json, csv, quiet, hold, noBackup, backupDir, journal});
+    const QCommandLineOption maxJump("max-jump", "check: the largest path loss change between neighbouring channels.",
+                                     "DB", QString::number(CCalPlausibility::kDefaultLossJump));
+    parser.addOptions({profile, nvram, file, json, csv, quiet, hold, noBackup, backupDir, journal, maxJump});
     if (!parser.parse(app.arguments()))
         return Fail(EXIT_USAGE, parser.errorText());
     if (parser.isSet("help")) {
@@ -386,7 +427,8 @@ int main(int argc, char *argv[])
 
     const QStringList positional = parser.positionalArguments();
     const QString command = positional.value(0);
-    static const QStringList commands{"items", "upload", "download", "show", "test", "reg", "selftest", "journal"};
+    static const QStringList commands{"items", "upload", "download", "show",   "test",
+                                      "reg",   "selftest", "journal", "check"};
     if (!commands.contains(command))
         return Fail(EXIT_USAGE, command.isEmpty() ? "no command (" + commands.join(", ") + ")"
                                                   : "unknown command: " + command);
@@ -399,6 +441,10 @@ int main(int argc, char *argv[])
     options.holdMs = parser.value(hold).toInt(&holdOk);
     if (!holdOk || options.holdMs < 0)
         return Fail(EXIT_USAGE, "--hold takes milliseconds, not " + parser.value(hold));
+    bool jumpOk = false;
+    options.maxJump = parser.value(maxJump).toDouble(&jumpOk);
+    if (!jumpOk || options.maxJump <= 0)
+        return Fail(EXIT_USAGE, "--max-jump takes decibels above 0, not " + parser.value(maxJump));
     if ((command == "upload" || command == "download") && options.file.isEmpty())
         return Fail(EXIT_USAGE, command + " needs --file CAL");
 
@@ -448,5 +494,7 @@ int main(int argc, char *argv[])
         return ListItems(session, options);
     if (command == "show")
         return ShowItem(session, options);
+    if (command == "check")
+        return Check(session, options);
     return MoveItems(session, command, options);
 }

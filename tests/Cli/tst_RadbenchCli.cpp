@@ -109,6 +109,10 @@ private slots:
                                        << "reg needs 'read ADDR' or 'write ADDR VALUE'";
         QTest::newRow("register beyond 16 bits") << QStringList{"reg", "write", "0x10", "0x10000"} << 2
                                                  << "a register address or value is a number from 0 to 0xffff";
+        QTest::newRow("check of an item") << QStringList{"check", "TPC"} << 2
+                                          << "check takes no item: it checks TPC and RX Path Loss";
+        QTest::newRow("jump of no size") << QStringList{"check", "--max-jump", "0"} << 2
+                                         << "--max-jump takes decibels above 0, not 0";
         QTest::newRow("journal of two items") << QStringList{"journal", "TPC", "AFC"} << 2
                                               << "journal takes one item at most";
     }
@@ -252,6 +256,43 @@ private slots:
         QCOMPARE(entries[1].toObject()["code"].toInt(), 3);
         QCOMPARE(entries[1].toObject()["backup"].toString(), backup);
         QCOMPARE(entries[0].toObject()["program"].toString(), QString("radbench-cli"));
+    }
+
+    void plausibility_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QStringList>("lines");
+        const QString faulty = TESTS_DIR "/View/faulty-curves.json";
+        const QString tpcDip =
+            "TPC               1850-1930MHz      PA_H: power 15.625 dBm at DAC 2890 does not rise above 16.125 dBm "
+            "at DAC 2600";
+        QTest::newRow("a healthy target") << QStringList{"check"} << 0 << QStringList{"plausible: TPC, RX Path Loss"};
+        QTest::newRow("a faulty target")
+            << QStringList{"--profile", faulty, "check"} << 5
+            << QStringList{tpcDip,
+                           "RX Path Loss      1850-1930MHz      LNA_H_LOSS jumps 4.75 dB from UARFCN 9383 to 9410, "
+                           "more than 3 dB",
+                           "RX Path Loss      1850-1930MHz      LNA_H_LOSS jumps 4.75 dB from UARFCN 9410 to 9437, "
+                           "more than 3 dB"};
+        QTest::newRow("a faulty target, a jump allowed")
+            << QStringList{"--profile", faulty, "check", "--max-jump", "4.75"} << 5 << QStringList{tpcDip};
+    }
+    // A line rejects a unit by the exit code: 5 for implausible data.
+    void plausibility()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QStringList, lines);
+        const SRun run = Run(arguments << "--quiet");
+        QTEST(run.exitCode, "exitCode");
+        QCOMPARE(QString::fromUtf8(run.out).split('\n', Qt::SkipEmptyParts), lines);
+        // The same over a file of the same data.
+        const QString cal = m_dir.filePath("checked.ini");
+        QVERIFY(Run(arguments.mid(0, arguments.indexOf("check")) + QStringList{"upload", "--file", cal, "--quiet"})
+                    .exitCode == 0);
+        const QStringList overFile =
+            QStringList{"check", "--file", cal, "--quiet"} + arguments.mid(arguments.indexOf("check") + 1);
+        QTEST(Run(overFile).exitCode, "exitCode");
     }
 
     // Two programs writing at once into one journal: every write is in it.
