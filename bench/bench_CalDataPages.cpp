@@ -3,8 +3,13 @@
 // page, against the bare movement of the item they make, and a band change,
 // which stores the shown band in the item and fetches the next one. On the
 // path loss page (8-level generation): Read from the button, against the
-// item's upload and one bare record read. Run: build/bin/bench_CalDataPages
+// item's upload and one bare record read. With the chart shown beside the
+// tables: one edited cell to the chart redrawn and the table's marks set, on
+// both pages, against the band change (the page's own update of all its
+// widgets). Run: build/bin/bench_CalDataPages
 #include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QTableWidget>
 #include <QDockWidget>
 #include <QStatusBar>
 #include <QToolButton>
@@ -27,13 +32,18 @@ private slots:
     void bareItemDownload();
     void writeFromButtonToStatus();
     void bandChange();
+    void chartRedrawAfterEdit();
 
     void pathlossBareRecordRead();
     void pathlossItemUpload();
     void pathlossReadFromButtonToWidgets();
+    void pathlossChartRedrawAfterEdit();
 
 private:
     bool Press(const char *button, const QString &status);
+    // Shows the page's chart, then edits one cell of `table` again and again,
+    // each time until the chart has redrawn.
+    void RedrawAfterEdit(const char *table, int row, int column);
 
     ToolSession m_tool{RADBENCH_PLUGIN_PATH};
     QDockWidget *m_page = nullptr;
@@ -111,6 +121,37 @@ void BenchCalDataPages::bandChange()
         next = (next + 1) % band->count();
         band->setCurrentIndex(next);
     }
+}
+
+void BenchCalDataPages::RedrawAfterEdit(const char *table, int row, int column)
+{
+    // (QtTest runs a benchmark's function more than once.)
+    auto *show = m_page->findChild<QToolButton *>("m_btnChart");
+    if (!show->isChecked())
+        QTest::mouseClick(show, Qt::LeftButton);
+    QWidget *chart = m_page->findChild<QWidget *>("m_chartPanel");
+    QVERIFY(chart && chart->isVisible());
+    auto *cell = qobject_cast<QDoubleSpinBox *>(m_page->findChild<QTableWidget *>(table)->cellWidget(row, column));
+    QVERIFY(cell);
+    const double value = cell->value();
+    int edits = 0;
+    QBENCHMARK {
+        QEventLoop loop;
+        connect(chart, SIGNAL(Signal_Checked(int)), &loop, SLOT(quit()));
+        cell->setValue(value + (++edits % 2 ? 0.5 : 0.0));
+        loop.exec();
+    }
+}
+
+void BenchCalDataPages::chartRedrawAfterEdit()
+{
+    QVERIFY(Press("m_btnUpload", "Read data from target successfully."));
+    RedrawAfterEdit("calDataIf_data_group6_memberProperty_paH", 1, 2);
+}
+
+void BenchCalDataPages::pathlossChartRedrawAfterEdit()
+{
+    RedrawAfterEdit("calDataIf_data_group1_memberProperty_uarfcn", 1, 7);
 }
 
 void BenchCalDataPages::pathlossBareRecordRead()
