@@ -226,8 +226,12 @@ void CCalDataChart::BuildPathloss()
             cells.append({table->cellWidget(rows.value(mode), point), fault.text});
         }
     }
+    // The legend names the modes short: "LNA_EXT0_LOSS" as "EXT0".
+    QStringList names;
+    for (const QString &mode : qAsConst(curves.modes))
+        names << QString(mode).remove("LNA_").remove("_LOSS");
     if (!isHidden())
-        Plot(lines, curves.modes, faulty);
+        Plot(lines, names, faulty);
     Mark(cells);
 }
 
