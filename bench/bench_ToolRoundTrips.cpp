@@ -1,6 +1,7 @@
 // What the user waits for: from ShowTool to the enabled window with all its
-// pages, and one test from the button to the result slot, compared with the
-// bare target call it makes. Run: build/bin/bench_ToolRoundTrips
+// pages, beside the bare construction of the same pages' widgets (no model,
+// no binding), and one test from the button to the result slot, compared
+// with the bare target call it makes. Run: build/bin/bench_ToolRoundTrips
 #include <QDockWidget>
 #include <QPluginLoader>
 #include <QStatusBar>
@@ -18,6 +19,7 @@ private slots:
     void cleanupTestCase();
 
     void showToolToReadyWindow();
+    void barePageConstruction();
     void bareTargetCall();
     void testFromButtonToResult();
 
@@ -64,6 +66,19 @@ void BenchToolRoundTrips::showToolToReadyWindow()
         m_plugin->QueryLaunchRequirement();
         m_plugin->ShowTool();
         QVERIFY(QTest::qWaitFor([this] { return Window()->isEnabled() && Status() == "Init done."; }, 10000));
+    }
+}
+
+void BenchToolRoundTrips::barePageConstruction()
+{
+    // The classes of the pages the window built, made and dropped again.
+    QVector<const QMetaObject *> pages;
+    for (QDockWidget *page : Window()->findChildren<QDockWidget *>())
+        pages << page->metaObject();
+    QCOMPARE(pages.size(), 9);
+    QBENCHMARK {
+        for (const QMetaObject *page : pages)
+            delete page->newInstance(Q_ARG(QWidget *, nullptr));
     }
 }
 
