@@ -3,7 +3,7 @@
 # but only those that are missing. Safe to run again and again.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ qtbase5-dev libqt5sql5-sqlite libqt5charts5-dev libsimpleini-dev pkg-config xvfb xauth python3)
+packages=(cmake ninja-build g++ clang libclang-rt-14-dev qtbase5-dev libqt5sql5-sqlite libqt5charts5-dev libsimpleini-dev pkg-config xvfb xauth python3)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Builds everything and runs all tests twice: in the normal build, and again
-# with AddressSanitizer and UndefinedBehaviorSanitizer.
+# with AddressSanitizer and UndefinedBehaviorSanitizer (compiled by clang,
+# whose libFuzzer the fuzzers of that build need); then runs each fuzzer for
+# a few seconds.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/setup.sh
@@ -20,4 +22,10 @@ run_suite build
 shot=build/screenshots/radbench-default.png
 [ -s "$shot" ] && echo "screenshot of the armed tool window: $PWD/$shot"
 
-run_suite build-asan -DRADBENCH_SANITIZE=ON
+# A sanitizer tree of another compiler is made anew.
+if [ -f build-asan/CMakeCache.txt ] && ! grep -q '^CMAKE_CXX_COMPILER:.*clang' build-asan/CMakeCache.txt; then
+  rm -rf build-asan
+fi
+CC=clang CXX=clang++ run_suite build-asan -DRADBENCH_SANITIZE=ON -DRADBENCH_FUZZ=ON
+
+bash scripts/fuzz.sh 10
