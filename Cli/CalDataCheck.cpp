@@ -3,6 +3,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
+
 #include "CalDataSession.h"
 #include "ItemInfo.h"
 #include "JsonPath.h"

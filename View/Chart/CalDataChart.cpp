@@ -61,6 +61,11 @@ CCalDataChart::CCalDataChart(QVector<QTableWidget *> tables, QVector<QSpinBox *>
     m_view->setRenderHint(QPainter::Antialiasing);
     m_view->setMinimumSize(420, 300);
     m_chart->legend()->setAlignment(Qt::AlignBottom);
+    m_x = new QValueAxis; // the chart owns its axes
+    m_y = new QValueAxis;
+    m_x->setLabelFormat("%.0f");
+    m_chart->addAxis(m_x, Qt::AlignBottom);
+    m_chart->addAxis(m_y, Qt::AlignLeft);
     m_faultList->setObjectName("m_listFaults");
     m_faultList->setMaximumHeight(110);
 
@@ -238,15 +243,11 @@ void CCalDataChart::BuildPathloss()
 void CCalDataChart::Plot(const QVector<QVector<QPointF>> &curves, const QStringList &names,
                          const QVector<QPointF> &faulty)
 {
+    // The series go (and are deleted); the axes stay.
     m_chart->removeAllSeries();
-    for (QAbstractAxis *axis : m_chart->axes())
-        m_chart->removeAxis(axis);
-    auto *x = new QValueAxis, *y = new QValueAxis;
+    QValueAxis *x = m_x, *y = m_y;
     x->setTitleText(m_isTpc ? "VGA DAC word" : "UARFCN");
     y->setTitleText(m_isTpc ? "Power (dBm)" : "Loss (dB)");
-    x->setLabelFormat("%.0f");
-    m_chart->addAxis(x, Qt::AlignBottom);
-    m_chart->addAxis(y, Qt::AlignLeft);
 
     double minX = 0, maxX = 0, minY = 0, maxY = 0;
     bool any = false;

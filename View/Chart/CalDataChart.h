@@ -18,6 +18,7 @@ namespace QtCharts {
 class QChart;
 class QChartView;
 class QScatterSeries;
+class QValueAxis;
 } // namespace QtCharts
 
 // A chart of a calibration page's curves beside its tables, with the
@@ -72,6 +73,8 @@ private:
     bool m_scheduled = false;
     QtCharts::QChart *m_chart;
     QtCharts::QChartView *m_view;
+    QtCharts::QValueAxis *m_x;
+    QtCharts::QValueAxis *m_y;
     QListWidget *m_faultList;
     QDoubleSpinBox *m_maxJump = nullptr;
     QVector<SCalFault> m_faults;
