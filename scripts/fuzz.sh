@@ -30,7 +30,7 @@ run() {
   mkdir -p "$work"
   echo "== fuzz: $name $* (${seconds} s)"
   if ! env "$@" "$tree/bin/$name" "$work" "fuzz/corpus/$corpus" -max_total_time="$seconds" \
-      -artifact_prefix="$tree/crashes/$name-" -print_final_stats=1 2>&1 | tail -n 3; then
+      -artifact_prefix="$tree/crashes/$name-" 2>&1 | tail -n 1; then
     status=1
   fi
 }

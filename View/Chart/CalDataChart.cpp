@@ -53,19 +53,9 @@ void Fit(QValueAxis *axis, double low, double high)
 } // namespace
 
 CCalDataChart::CCalDataChart(QVector<QTableWidget *> tables, QVector<QSpinBox *> boxes, QWidget *parent)
-    : QWidget(parent), m_tables(std::move(tables)), m_boxes(std::move(boxes)), m_chart(new QChart),
-      m_view(new QChartView(m_chart, this)), m_faultList(new QListWidget(this))
+    : QWidget(parent), m_tables(std::move(tables)), m_boxes(std::move(boxes)), m_faultList(new QListWidget(this))
 {
     setObjectName("m_chartPanel");
-    m_view->setObjectName("m_chartView");
-    m_view->setRenderHint(QPainter::Antialiasing);
-    m_view->setMinimumSize(420, 300);
-    m_chart->legend()->setAlignment(Qt::AlignBottom);
-    m_x = new QValueAxis; // the chart owns its axes
-    m_y = new QValueAxis;
-    m_x->setLabelFormat("%.0f");
-    m_chart->addAxis(m_x, Qt::AlignBottom);
-    m_chart->addAxis(m_y, Qt::AlignLeft);
     m_faultList->setObjectName("m_listFaults");
     m_faultList->setMaximumHeight(110);
 
@@ -78,7 +68,6 @@ CCalDataChart::CCalDataChart(QVector<QTableWidget *> tables, QVector<QSpinBox *>
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_view, 1);
     layout->addWidget(new QLabel("Implausible values:", this));
     layout->addWidget(m_faultList);
     layout->addLayout(tools);
@@ -89,7 +78,6 @@ CCalDataChart *CCalDataChart::ForTpc(QTableWidget *dac, QTableWidget *power, con
 {
     auto *chart = new CCalDataChart({dac, power}, hysteresis, parent);
     chart->m_isTpc = true;
-    chart->m_chart->setTitle("Power against VGA DAC word");
     return chart;
 }
 
@@ -97,7 +85,6 @@ CCalDataChart *CCalDataChart::ForPathloss(QTableWidget *loss, QWidget *parent)
 {
     auto *chart = new CCalDataChart({loss}, {}, parent);
     chart->m_isTpc = false;
-    chart->m_chart->setTitle("RX path loss against channel");
     chart->m_maxJump = new QDoubleSpinBox(chart);
     chart->m_maxJump->setObjectName("m_spinMaxJump");
     chart->m_maxJump->setRange(0.125, 32.0);
@@ -111,7 +98,7 @@ CCalDataChart *CCalDataChart::ForPathloss(QTableWidget *loss, QWidget *parent)
     row->addWidget(new QLabel("Largest jump between neighbouring channels:", chart));
     row->addWidget(chart->m_maxJump);
     row->addStretch();
-    static_cast<QVBoxLayout *>(chart->layout())->insertLayout(1, row);
+    static_cast<QVBoxLayout *>(chart->layout())->insertLayout(0, row);
     return chart;
 }
 
@@ -240,14 +227,35 @@ void CCalDataChart::BuildPathloss()
     Mark(cells);
 }
 
+void CCalDataChart::MakeView()
+{
+    m_chart = new QChart;
+    m_chart->setTitle(m_isTpc ? "Power against VGA DAC word" : "RX path loss against channel");
+    m_chart->legend()->setAlignment(Qt::AlignBottom);
+    m_x = new QValueAxis; // the chart owns its axes
+    m_y = new QValueAxis;
+    m_x->setLabelFormat("%.0f");
+    m_x->setTitleText(m_isTpc ? "VGA DAC word" : "UARFCN");
+    m_y->setTitleText(m_isTpc ? "Power (dBm)" : "Loss (dB)");
+    m_chart->addAxis(m_x, Qt::AlignBottom);
+    m_chart->addAxis(m_y, Qt::AlignLeft);
+    m_view = new QChartView(m_chart, this);
+    m_view->setObjectName("m_chartView");
+    m_view->setRenderHint(QPainter::Antialiasing);
+    m_view->setMinimumSize(420, 300);
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_view, 1);
+}
+
 void CCalDataChart::Plot(const QVector<QVector<QPointF>> &curves, const QStringList &names,
                          const QVector<QPointF> &faulty)
 {
+    // The chart is made when it is first shown: a page whose chart is never
+    // shown does not pay for it.
+    if (!m_view)
+        MakeView();
     // The series go (and are deleted); the axes stay.
     m_chart->removeAllSeries();
     QValueAxis *x = m_x, *y = m_y;
-    x->setTitleText(m_isTpc ? "VGA DAC word" : "UARFCN");
-    y->setTitleText(m_isTpc ? "Power (dBm)" : "Loss (dB)");
 
     double minX = 0, maxX = 0, minY = 0, maxY = 0;
     bool any = false;
@@ -300,7 +308,7 @@ void CCalDataChart::Mark(const QVector<QPair<QWidget *, QString>> &cells)
     }
 }
 
-bool CCalDataChart::SaveImage(const QString &path) const { return m_view->grab().save(path, "PNG"); }
+bool CCalDataChart::SaveImage(const QString &path) const { return m_view && m_view->grab().save(path, "PNG"); }
 
 void CCalDataChart::SavePicture()
 {

@@ -38,7 +38,7 @@ public:
     // The path loss table: channels in its first row, a gain mode in each other.
     static CCalDataChart *ForPathloss(QTableWidget *loss, QWidget *parent);
 
-    // Reads the tables, checks and redraws now.
+    // Reads the tables, checks, marks, and redraws now if the chart is shown.
     void Redraw();
     const QVector<SCalFault> &Faults() const { return m_faults; }
     // The chart as a PNG file.
@@ -63,6 +63,7 @@ private:
     void BuildPathloss();
     // Every value cell of the tables and every box redraws the chart when it changes.
     void WatchCells();
+    void MakeView();
     void Plot(const QVector<QVector<QPointF>> &curves, const QStringList &names, const QVector<QPointF> &faulty);
     void Mark(const QVector<QPair<QWidget *, QString>> &cells);
     void SavePicture();
@@ -71,10 +72,11 @@ private:
     const QVector<QSpinBox *> m_boxes;
     bool m_isTpc = true;
     bool m_scheduled = false;
-    QtCharts::QChart *m_chart;
-    QtCharts::QChartView *m_view;
-    QtCharts::QValueAxis *m_x;
-    QtCharts::QValueAxis *m_y;
+    // Made when the chart is first shown (MakeView).
+    QtCharts::QChart *m_chart = nullptr;
+    QtCharts::QChartView *m_view = nullptr;
+    QtCharts::QValueAxis *m_x = nullptr;
+    QtCharts::QValueAxis *m_y = nullptr;
     QListWidget *m_faultList;
     QDoubleSpinBox *m_maxJump = nullptr;
     QVector<SCalFault> m_faults;
