@@ -48,9 +48,7 @@ bool CCalDataCheck::Run(const QString &path, double maxLossJump, QVector<SFindin
                                                         core->GetDataModel(GetPageItemName(checked.pageItem))))
                                 .object();
         for (const QJsonValue &band : GetJsonValueConst(model, kBandValues).toArray()) {
-            QJsonObject config = GetJsonValueConst(model, "calDataIf.config.group1").toObject();
-            config.insert("memberValue", QJsonObject{{"band", band}});
-            SetJsonValue(model, "calDataIf.config.group1", config);
+            InsertJsonValue(model, "calDataIf.config.group1", "memberValue", "band", band);
             const QJsonObject answer = QJsonDocument::fromJson(
                                            QByteArray::fromStdString(core->GetCalibrationData(
                                                item, QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString())))

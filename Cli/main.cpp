@@ -345,8 +345,10 @@ int Check(CCalDataSession &session, const SOptions &options)
     // Data that could not be brought in cannot be judged.
     QStringList checked;
     for (const SEachItemOperationResult &result : results) {
-        if (!result.IsSuccess())
-            return Report("check", results, options.json) == EXIT_OK || !options.file.isEmpty() ? EXIT_FILE : EXIT_TARGET;
+        if (!result.IsSuccess()) {
+            Report("check", results, options.json);
+            return options.file.isEmpty() ? EXIT_TARGET : EXIT_FILE;
+        }
         checked << result.itemName;
     }
     if (options.json) {

@@ -38,12 +38,21 @@ CWriteJournalDialog::CWriteJournalDialog(QWidget *parent)
         m_ui->m_leBackupFolder->setText(folder);
         ChangeBackups();
     });
+    // A write of this tool goes on top at once, without reading the journal
+    // again (Refresh, and every opening, bring the other programs' writes).
     connect(CWriteSafeguard::Instance(), &CWriteSafeguard::Signal_Journaled, this,
-            [this](SWriteJournalEntry, QString error) {
-                Refresh();
-                // A journal that cannot be written is told of where the journal shows.
-                if (!error.isEmpty())
+            [this](SWriteJournalEntry entry, QString error) {
+                if (!error.isEmpty()) {
+                    // A journal that cannot be written is told of where the journal shows.
                     m_ui->m_lblJournal->setText("The last write could not be journaled: " + error);
+                    return;
+                }
+                if (!isVisible())
+                    return; // opening it reads the journal anew
+                m_entries.prepend(entry);
+                if (m_ui->m_cbItem->findText(entry.item) < 0)
+                    m_ui->m_cbItem->addItem(entry.item);
+                ShowEntries();
             });
     Refresh();
 }
