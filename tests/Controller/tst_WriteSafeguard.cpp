@@ -4,8 +4,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
-#include <QtConcurrent>
 #include <QtTest>
+
+#include <thread>
+#include <vector>
 
 #include "GeneralCore.h"
 #include "Safeguard/WriteJournal.h"
@@ -281,18 +283,17 @@ private slots:
     void concurrentAppends()
     {
         CWriteJournal journal(m_dir.filePath("journal.sqlite"));
-        QVector<QFuture<int>> writers;
+        // Plain threads: their joins order the counts for every checker.
+        std::vector<int> failures(4, 0);
+        std::vector<std::thread> writers;
         for (int writer = 0; writer < 4; ++writer)
-            writers << QtConcurrent::run([&journal, writer] {
-                int failed = 0;
+            writers.emplace_back([&journal, &failures, writer] {
                 for (int i = 0; i < 25; ++i)
-                    failed += journal.Append(Entry(QString("writer %1").arg(writer), 0, i % 60)) ? 0 : 1;
-                return failed;
+                    failures[size_t(writer)] += journal.Append(Entry(QString("writer %1").arg(writer), 0, i % 60)) ? 0 : 1;
             });
-        QVector<int> failures;
-        for (QFuture<int> &writer : writers)
-            failures << writer.result();
-        QCOMPARE(failures, QVector<int>(4, 0));
+        for (std::thread &writer : writers)
+            writer.join();
+        QCOMPARE(failures, std::vector<int>(4, 0));
         QCOMPARE(journal.Entries().size(), 100);
     }
 };
