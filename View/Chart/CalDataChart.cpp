@@ -3,6 +3,7 @@
 #include <QAbstractSpinBox>
 #include <QDoubleSpinBox>
 #include <QHBoxLayout>
+#include <QHash>
 #include <QLabel>
 #include <QListWidget>
 #include <QMetaProperty>
@@ -291,20 +292,25 @@ void CCalDataChart::Plot(const QVector<QVector<QPointF>> &curves, const QStringL
 
 void CCalDataChart::Mark(const QVector<QPair<QWidget *, QString>> &cells)
 {
+    // Each faulty cell with all its faults' texts.
+    QHash<QWidget *, QString> faulty;
+    for (const auto &[cell, text] : cells) {
+        if (cell)
+            faulty[cell] += (faulty.contains(cell) ? "\n" : "") + text;
+    }
+    // Only the cells whose mark changes are restyled: a style sheet costs.
     for (const QPointer<QWidget> &cell : qAsConst(m_marked)) {
-        if (cell) {
+        if (cell && !faulty.contains(cell)) {
             cell->setProperty(kFaultProperty, QVariant());
             cell->setStyleSheet(QString());
         }
     }
     m_marked.clear();
-    for (const auto &[cell, text] : cells) {
-        if (!cell)
-            continue;
-        const QString before = cell->property(kFaultProperty).toString();
-        cell->setProperty(kFaultProperty, before.isEmpty() ? text : before + '\n' + text);
-        cell->setStyleSheet(kMarkedStyle);
-        m_marked << cell;
+    for (auto cell = faulty.cbegin(); cell != faulty.cend(); ++cell) {
+        if (cell.key()->property(kFaultProperty).toString().isEmpty())
+            cell.key()->setStyleSheet(kMarkedStyle);
+        cell.key()->setProperty(kFaultProperty, cell.value());
+        m_marked << cell.key();
     }
 }
 

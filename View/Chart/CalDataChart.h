@@ -4,12 +4,9 @@
 #include <QVector>
 #include <QWidget>
 
-#include <functional>
-
 #include "Plausibility/CalCurves.h"
 
 class QDoubleSpinBox;
-class QLabel;
 class QListWidget;
 class QSpinBox;
 class QTableWidget;
@@ -17,7 +14,6 @@ class QTableWidget;
 namespace QtCharts {
 class QChart;
 class QChartView;
-class QScatterSeries;
 class QValueAxis;
 } // namespace QtCharts
 
@@ -56,7 +52,6 @@ signals:
     void Signal_Checked(int faults);
 
 private:
-    using Reader = std::function<void(CCalDataChart &)>;
     CCalDataChart(QVector<QTableWidget *> tables, QVector<QSpinBox *> boxes, QWidget *parent);
 
     void BuildTpc();
