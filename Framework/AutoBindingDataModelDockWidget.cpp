@@ -26,10 +26,17 @@ using namespace ModelBinding;
 namespace {
 
 const QString kDashes(75, '-');
+const QString kPageStyle("QGroupBox::title { color: rgb(32, 81, 124);}");
 
 } // namespace
 
-CAutoBindingDataModelDockWidget::CAutoBindingDataModelDockWidget(QWidget *parent) : QDockWidget(parent) {}
+CAutoBindingDataModelDockWidget::CAutoBindingDataModelDockWidget(QWidget *parent) : QDockWidget(parent)
+{
+    // The page's look is in place before its widgets are made, so each is
+    // polished once with it; given again when the page starts, every widget
+    // would be polished anew.
+    setStyleSheet(kPageStyle);
+}
 
 CAutoBindingDataModelDockWidget::~CAutoBindingDataModelDockWidget()
 {
@@ -64,7 +71,8 @@ void CAutoBindingDataModelDockWidget::StartInit()
 {
     emit Signal_UpdateStatus("Start Init: " + windowTitle(), 0);
     qCDebug(lcFramework).noquote() << kDashes << " Start Init the page: " + windowTitle() << kDashes;
-    setStyleSheet("QGroupBox::title { color: rgb(32, 81, 124);}");
+    if (styleSheet() != kPageStyle)
+        setStyleSheet(kPageStyle);
     m_isCalDataPage = IsCalDataPage();
     m_widgetRoot = GetWidgetRoot();
     RequestDataModel();
@@ -391,6 +399,12 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
     for (int c = 0; c < columns; ++c)
         table->horizontalHeader()->resizeSection(c, 58);
 
+    // The cells go into a hidden viewport and are shown with it, in one pass
+    // rather than one show (and one look at all their siblings) per cell.
+    QWidget *viewport = table->viewport();
+    const bool viewportShown = !viewport->isHidden();
+    viewport->hide();
+
     QStringList rowHeaders;
     for (int r = 0; r < rows.size(); ++r) {
         const QJsonObject member = memberProperty.value(rows[r]).toObject();
@@ -480,6 +494,7 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
                 << "---> [Fail][Init][type3] Cannot get the row info: dataType not support yet <--- " << dataType;
         }
     }
+    viewport->setVisible(viewportShown);
     table->setHorizontalHeaderLabels(columnHeaders);
     table->setVerticalHeaderLabels(rowHeaders);
     SizeTable(table, columns, false);
@@ -573,14 +588,14 @@ void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *wid
 
 void CAutoBindingDataModelDockWidget::SizeTable(QTableWidget *table, int columns, bool singleRowTall)
 {
-    // Shown once, the headers know their real size.
-    const bool wasVisible = isVisible();
-    const QPoint position = pos();
-    hide();
-    show();
-    setVisible(wasVisible);
-    if (wasVisible && position != QPoint(0, 0))
-        move(position);
+    // The headers take their real size from their contents once polished; the
+    // table lays them out at once instead of at its next show or resize, so
+    // the page need not be hidden and shown for it (which costs a show event
+    // to every widget of the page for every table).
+    table->ensurePolished();
+    table->verticalHeader()->ensurePolished();
+    table->horizontalHeader()->ensurePolished();
+    QMetaObject::invokeMethod(table, "updateGeometries", Qt::DirectConnection);
 
     const int fitted = columns > 16 ? 15 : columns;
     int width = table->verticalHeader()->width();

@@ -35,6 +35,9 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
     setTabPosition(Qt::TopDockWidgetArea, QTabWidget::North);
     setTabShape(QTabWidget::Triangular);
 
+    // The window is drawn once, when all its pages stand, not once for every
+    // page set up beside the one before and then put behind its tab.
+    setUpdatesEnabled(false);
     m_allInitPageCount = pageList.length();
     m_currentInitPageCount = 0;
     qCDebug(lcFramework) << "pageList.length()" << pageList.length();
@@ -96,6 +99,7 @@ void CAutoBindingDataModelForm::InitPage(QStringList pageList)
     }
 
     setEnabled(true);
+    setUpdatesEnabled(true);
 
     if (m_allInitPageCount == 0) {
         delete viewMenu;

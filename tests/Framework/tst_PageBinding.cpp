@@ -236,6 +236,9 @@ private slots:
         auto *table = page.Add<QTableWidget>(kMember);
         QVERIFY(page.Load(GroupModel({{"m", Member(R"("dataType":"label","defaultValue":["0"])")}}, 3,
                                      QJsonObject{{"memberProperty", QJsonObject{{"dimentionCount", columns}}}})));
+        // The headers have their real size when the table is sized.
+        QCOMPARE(table->verticalHeader()->width(), table->verticalHeader()->sizeHint().width());
+        QCOMPARE(table->horizontalHeader()->height(), table->horizontalHeader()->sizeHint().height());
         QCOMPARE(table->minimumWidth(), table->verticalHeader()->width() + fitted * table->columnWidth(0));
         QCOMPARE(table->horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOff, columns <= 16);
     }
