@@ -260,8 +260,7 @@ void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *wid
             box->setDisplayIntegerBase(space.value("displayBase").toInt());
         }
         const IntRange range = IntRangeOf(space);
-        box->setMaximum(range.max);
-        box->setMinimum(range.min);
+        box->setRange(range.min, range.max);
         box->setToolTip(range.ToolTip());
         const int value = range.Clamp(ToIntBase10(defaultText));
         qCDebug(lcFramework) << "---> [Init][type1] Default value <---" << value;
@@ -279,8 +278,7 @@ void CAutoBindingDataModelDockWidget::InitType1Widget(QString path, QWidget *wid
         auto *box = static_cast<QDoubleSpinBox *>(widget);
         qCDebug(lcFramework) << "---> [Init][type1] Init Double Spin Box  <---";
         const DoubleRange range = DoubleRangeOf(ResolveValueObject(member, trait).toObject());
-        box->setMaximum(range.max);
-        box->setMinimum(range.min);
+        box->setRange(range.min, range.max);
         box->setToolTip(range.ToolTip());
         const QJsonValue decimals = traitObject.value("decimals");
         if (IsJsonValueDefined(decimals)) {
@@ -323,8 +321,7 @@ void CAutoBindingDataModelDockWidget::InitSpinCells(QTableWidget *table, int row
 {
     for (int c = 0; c < columns; ++c) {
         auto *cell = new Box;
-        cell->setMaximum(range.max);
-        cell->setMinimum(range.min);
+        cell->setRange(range.min, range.max);
         if constexpr (std::is_same_v<Box, QDoubleSpinBox>)
             cell->setDecimals(decimals);
         else
@@ -546,8 +543,7 @@ void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *wid
             if (dataType == "pointRange") {
                 const DoubleRange range = DoubleRangeOf(space);
                 auto *cell = new QDoubleSpinBox;
-                cell->setMaximum(range.max);
-                cell->setMinimum(range.min);
+                cell->setRange(range.min, range.max);
                 cell->setDecimals(IsJsonValueDefined(space.value("decimals")) ? space.value("decimals").toInt() : 5);
                 cell->setToolTip(range.ToolTip());
                 cell->setValue(range.Clamp(defaultValue.toString().toDouble()));
@@ -557,8 +553,7 @@ void CAutoBindingDataModelDockWidget::InitType2Widget(QString path, QWidget *wid
             } else if (dataType == "range") {
                 const IntRange range = IntRangeOf(space);
                 auto *cell = new QSpinBox;
-                cell->setMaximum(range.max);
-                cell->setMinimum(range.min);
+                cell->setRange(range.min, range.max);
                 cell->setToolTip(range.ToolTip());
                 cell->setValue(range.Clamp(ToIntBase10(defaultValue.toString())));
                 cell->setFont(CellFont());

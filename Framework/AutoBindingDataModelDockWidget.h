@@ -58,6 +58,9 @@ public:
     // Writes the widgets' values under memberValue and gives the model as
     // compact JSON text.
     std::string PackageMemberValue();
+    // The same, giving the model itself, for a page that works on it before
+    // it becomes text.
+    const QJsonObject &PackageMemberValueObject();
     void PackageType1Widget(QWidget *widget, QString path);
     void PackageType3Widget(QWidget *widget, QString path);
     // Shows the values of a model that came back in the response and data

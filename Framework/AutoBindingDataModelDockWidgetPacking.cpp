@@ -92,6 +92,13 @@ bool WriteMemberValue(QJsonObject &model, const SValueTarget &target, const QJso
 
 std::string CAutoBindingDataModelDockWidget::PackageMemberValue()
 {
+    const std::string text = QJsonDocument(PackageMemberValueObject()).toJson(QJsonDocument::Compact).toStdString();
+    qCDebug(lcFramework) << "============ [Done] Package MemberValue ============ " << QString::fromStdString(text);
+    return text;
+}
+
+const QJsonObject &CAutoBindingDataModelDockWidget::PackageMemberValueObject()
+{
     qCDebug(lcFramework) << "============ [Start] Package MemberValue ============ ";
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
     for (QWidget *widget : widgets) {
@@ -113,9 +120,7 @@ std::string CAutoBindingDataModelDockWidget::PackageMemberValue()
         else
             qCCritical(lcFramework) << "====== Failed to packge : Not support this group type yet ======";
     }
-    const std::string text = QJsonDocument(m_model).toJson(QJsonDocument::Compact).toStdString();
-    qCDebug(lcFramework) << "============ [Done] Package MemberValue ============ " << QString::fromStdString(text);
-    return text;
+    return m_model;
 }
 
 void CAutoBindingDataModelDockWidget::PackageType1Widget(QWidget *widget, QString path)

@@ -235,8 +235,7 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString 
         const IntRange range = IntRangeOf(space);
         const int defaultValue = ToIntBase10(defaultText);
         const int value = calData ? range.Clamp(defaultValue) : range.Middle();
-        box->setMaximum(range.max);
-        box->setMinimum(range.min);
+        box->setRange(range.min, range.max);
         box->setToolTip(range.ToolTip());
         box->setValue(value);
         if (IsJsonValueDefined(space.value("rangeCheck"))) {
@@ -253,8 +252,7 @@ void CAutoBindingDataModelDockWidget::ValueRelevanceType1(QString path, QString 
         qCDebug(lcFramework) << "---> [Value Relevance][type1] Double Spin Box <---";
         const DoubleRange range = DoubleRangeOf(entry.toObject());
         const double value = calData ? range.Clamp(defaultText.toDouble()) : range.Middle();
-        box->setMaximum(range.max);
-        box->setMinimum(range.min);
+        box->setRange(range.min, range.max);
         box->setToolTip(range.ToolTip());
         box->setValue(value);
         qCDebug(lcFramework) << "---> [Value Relevance][type1] Final Value <---" << box->value();
@@ -332,8 +330,7 @@ void CAutoBindingDataModelDockWidget::RecomputeSpinCells(QTableWidget *table, in
             continue;
         const auto value =
             calData ? range.Clamp(Range::Parse(EntryOrLast(defaults, c).toString())) : range.Middle();
-        cell->setMaximum(range.max);
-        cell->setMinimum(range.min);
+        cell->setRange(range.min, range.max);
         cell->setToolTip(range.ToolTip());
         cell->setValue(value);
         qCDebug(lcFramework) << "---> [Value Relevance][type3] Final value <--- index[" << c << "] " << value;

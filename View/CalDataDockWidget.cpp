@@ -223,14 +223,16 @@ void CCalDataDockWidget::ChangeBand(const QString &band, void (CTdscdmaRadbenchC
     emit Signal_PluginIsBusy(true);
 
     // The widgets still show the old band's values; the selector already
-    // names the new band.
-    QJsonObject previous = Parse(PackageMemberValue());
+    // names the new band. One packing serves both: under the old band it
+    // stores the edits, as it stands it asks for the new band.
+    QJsonObject previous = PackageMemberValueObject();
+    const std::string packed = QJsonDocument(previous).toJson(QJsonDocument::Compact).toStdString();
     SetJsonValue(previous, kBandPath, m_shownBand);
     m_previousModel = QJsonDocument(previous).toJson(QJsonDocument::Compact).toStdString();
     (m_viewController->*set)(m_previousModel);
 
     m_shownBand = band;
-    UpdateWidgets(Parse((m_viewController->*get)(PackageMemberValue())));
+    UpdateWidgets(Parse((m_viewController->*get)(packed)));
 
     EnableOperation();
     emit Signal_PluginIsBusy(false);

@@ -43,6 +43,10 @@ def main(folder):
     band = get("bench_CalDataPages", "bandChange")
     if band is not None:
         add("band change on the TPC V3 page", band, f"{band / FRAME_MS:.2f} of a frame", "<= 2 ms", band <= 2.0)
+    drawn = get("bench_CalDataPages", "bandChangeUntilDrawn")
+    if drawn is not None:
+        add("band change until the page is drawn again", drawn, f"{drawn / FRAME_MS:.2f} of a frame", "<= 16 ms",
+            drawn <= FRAME_MS)
     layer = get("bench_Budgets", "calIniLayerOnFullExport")
     alone = get("bench_Budgets", "simpleIniAloneOnFullExport")
     if layer is not None and alone:
