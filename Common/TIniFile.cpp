@@ -30,13 +30,32 @@ using Platform::WidenSystemText;
 class TIniFile::Parser : public CSimpleIniTempl<char16_t, SI_NoCase<char16_t>, SI_ConvertW<char16_t>> {
 public:
     Parser() : CSimpleIniTempl(/*isUtf8*/ true, /*multiKey*/ true, /*multiLine*/ false) { SetSpaces(true); }
+
+    // Hands the output straight to the file, through the file's own buffer;
+    // the first failing write ends the output.
+    class DeviceWriter : public OutputWriter {
+    public:
+        explicit DeviceWriter(QIODevice &device) : m_device(device) {}
+        void Write(const char *text) override
+        {
+            if (m_ok)
+                m_ok = m_device.write(text) >= 0;
+        }
+        bool Ok() const { return m_ok; }
+
+    private:
+        QIODevice &m_device;
+        bool m_ok = true;
+    };
 };
 
 namespace {
 
-std::u16string ToParser(const std::string &narrow)
+// QString's code unit is the parser's character: its text is handed over as
+// it stands, kept alive by the QString for the length of the call.
+const char16_t *Chars(const QString &text)
 {
-    return WidenSystemText(narrow).toStdU16String();
+    return reinterpret_cast<const char16_t *>(text.utf16());
 }
 
 } // namespace
@@ -87,7 +106,7 @@ bool TIniFile::IsSectionExist(const std::string &section)
         return false;
     }
     // The parser's own comparison folds case the same way as its lookups.
-    return m_parser->GetSectionSize(ToParser(section).c_str()) >= 0;
+    return m_parser->GetSectionSize(Chars(WidenSystemText(section))) >= 0;
 }
 
 bool TIniFile::IsKeyExist(const std::string &section, const std::string &key)
@@ -96,7 +115,7 @@ bool TIniFile::IsKeyExist(const std::string &section, const std::string &key)
         ReportReadFailure(section, &key);
         return false;
     }
-    return m_parser->GetValue(ToParser(section).c_str(), ToParser(key).c_str(), nullptr) != nullptr;
+    return m_parser->GetValue(Chars(WidenSystemText(section)), Chars(WidenSystemText(key)), nullptr) != nullptr;
 }
 
 QString TIniFile::ReadStringW(const std::string &section, const std::string &key, const QString &defaultValue)
@@ -105,7 +124,7 @@ QString TIniFile::ReadStringW(const std::string &section, const std::string &key
         ReportReadFailure(section, &key);
         return defaultValue;
     }
-    const char16_t *value = m_parser->GetValue(ToParser(section).c_str(), ToParser(key).c_str(), nullptr);
+    const char16_t *value = m_parser->GetValue(Chars(WidenSystemText(section)), Chars(WidenSystemText(key)), nullptr);
     return value ? QString::fromUtf16(value) : defaultValue;
 }
 
@@ -143,7 +162,7 @@ void TIniFile::WriteStringW(const std::string &section, const std::string &key, 
         const QString what = WidenSystemText(section) + "::" + WidenSystemText(key);
         // Only a missing file is created: an existing one that cannot be
         // read must not be replaced by an empty one.
-        if (!QFileInfo::exists(m_path) && !Save()) {
+        if (!QFileInfo::exists(m_path) && !Create()) {
             Platform::OutputDebuggerLine("Write " + what + " to " + m_path + " failed (create file failed)");
             return;
         }
@@ -152,7 +171,7 @@ void TIniFile::WriteStringW(const std::string &section, const std::string &key, 
             return;
         }
     }
-    m_parser->SetValue(ToParser(section).c_str(), ToParser(key).c_str(), value.toStdU16String().c_str(), nullptr,
+    m_parser->SetValue(Chars(WidenSystemText(section)), Chars(WidenSystemText(key)), Chars(value), nullptr,
                        /*forceReplace*/ true);
 }
 
@@ -180,16 +199,39 @@ bool TIniFile::Save()
     // memory then holds nothing of it, and writing it out would empty the
     // user's file. This is also why saving an object that nothing has read
     // yet keeps what the file holds. Only a path without a file gets one.
-    if (!Load() && QFileInfo::exists(m_path))
+    const bool exists = QFileInfo::exists(m_path);
+    if ((!Load() && exists) || m_path.isEmpty())
         return false;
-    std::string text;
-    if (m_path.isEmpty() || m_parser->Save(text, /*addSignature*/ false) < 0)
-        return false;
-    const QByteArray bytes =
-        m_latin1 ? QString::fromUtf8(text.data(), int(text.size())).toLatin1() : QByteArray::fromStdString(text);
-    // The old content stays until the new one is complete on disk. Where the
-    // folder takes no new files, the file is written in place.
+    if (m_createdHere || !exists) {
+        // Nothing of the user's is in the file yet: it is written in place.
+        QFile file(m_path);
+        return file.open(QIODevice::WriteOnly) && WriteContent(file) && file.flush();
+    }
+    // The user's content stays until the new one is complete on disk. Where
+    // the folder takes no new files, the file is written in place.
     QSaveFile file(m_path);
     file.setDirectWriteFallback(true);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return file.open(QIODevice::WriteOnly) && WriteContent(file) && file.commit();
+}
+
+bool TIniFile::WriteContent(QIODevice &file)
+{
+    if (m_latin1) {
+        std::string text;
+        if (m_parser->Save(text, /*addSignature*/ false) < 0)
+            return false;
+        const QByteArray bytes = QString::fromUtf8(text.data(), int(text.size())).toLatin1();
+        return file.write(bytes) == bytes.size();
+    }
+    Parser::DeviceWriter writer(file);
+    return m_parser->Save(writer, /*addSignature*/ false) >= 0 && writer.Ok();
+}
+
+bool TIniFile::Create()
+{
+    // The first write to a path without a file: an empty file, which this
+    // object may then replace in place, since it holds nothing of the user's.
+    QFile file(m_path);
+    m_createdHere = !m_path.isEmpty() && file.open(QIODevice::NewOnly | QIODevice::WriteOnly);
+    return m_createdHere;
 }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QIODevice;
+
 #include <memory>
 #include <string>
 
@@ -60,10 +62,13 @@ private:
     class Parser;
 
     bool Load();
+    bool Create();
+    bool WriteContent(QIODevice &file);
     void ReportReadFailure(const std::string &section, const std::string *key) const;
 
     std::unique_ptr<Parser> m_parser;
     QString m_path;
     bool m_loaded = false;
     bool m_latin1 = false; // the file on disk is no UTF-8
+    bool m_createdHere = false; // the file on disk is the empty one this object made
 };
