@@ -63,6 +63,19 @@ public:
     {
         return GetCalibrationData(GetCalItemName(CAL_ITEM_RX_PATH_LOSS), model);
     }
+    void SetTpcCalibrationData(const QJsonObject &model) { SetCalibrationData(GetCalItemName(CAL_ITEM_TPC), model); }
+    QJsonObject GetTpcCalibrationData(const QJsonObject &model)
+    {
+        return GetCalibrationData(GetCalItemName(CAL_ITEM_TPC), model);
+    }
+    void SetPathlossCalibrationData(const QJsonObject &model)
+    {
+        SetCalibrationData(GetCalItemName(CAL_ITEM_RX_PATH_LOSS), model);
+    }
+    QJsonObject GetPathlossCalibrationData(const QJsonObject &model)
+    {
+        return GetCalibrationData(GetCalItemName(CAL_ITEM_RX_PATH_LOSS), model);
+    }
     void SetTadcCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_TADC), model); }
     std::string GetTadcCalibrationData(std::string model) { return GetCalibrationData(GetCalItemName(CAL_ITEM_TADC), model); }
     void SetAfcCalibrationData(std::string model) { SetCalibrationData(GetCalItemName(CAL_ITEM_AFC), model); }

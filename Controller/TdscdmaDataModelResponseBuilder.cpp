@@ -18,15 +18,17 @@ struct SWrite {
     QString failure;
 };
 
+std::string Text(const QJsonObject &model) { return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString(); }
+
 // Writes in order; the first write that fails gives the substitute model
 // with its failure text, and no later write is made.
-std::string WriteAll(QJsonObject &model, const QVector<SWrite> &writes)
+QJsonObject WriteAll(QJsonObject &model, const QVector<SWrite> &writes)
 {
     for (const SWrite &write : writes) {
         if (!SetJsonValue(model, write.path, write.value))
-            return BuildEmptyModelStringWithError(write.failure);
+            return BuildEmptyModelWithError(write.failure);
     }
-    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    return model;
 }
 
 QString Fixed(double value, int decimals) { return QString::number(value, 'f', decimals); }
@@ -73,19 +75,29 @@ void AddPaModes(QVector<SWrite> &writes, int group, const T (&field)[M][N], Colu
 
 std::string CTdscdmaDataModelResponseBuilder::GetTpcDataModel(QJsonObject model, STdscdmaUITpcDataByBand data)
 {
-    return WriteTpcModel(model, data, nullptr);
+    return Text(TpcDataModel(std::move(model), data));
 }
 
 std::string CTdscdmaDataModelResponseBuilder::GetTpcDataModelV3(QJsonObject model, STdscdmaUITpcDataByBandV3 data)
 {
+    return Text(TpcDataModelV3(std::move(model), data));
+}
+
+QJsonObject CTdscdmaDataModelResponseBuilder::TpcDataModel(QJsonObject model, const STdscdmaUITpcDataByBand &data)
+{
+    return WriteTpcModel(model, data, nullptr);
+}
+
+QJsonObject CTdscdmaDataModelResponseBuilder::TpcDataModelV3(QJsonObject model, const STdscdmaUITpcDataByBandV3 &data)
+{
     return WriteTpcModel(model, data, &data);
 }
 
-std::string CTdscdmaDataModelResponseBuilder::WriteTpcModel(QJsonObject &model, const STdscdmaUITpcDataByBand &data,
+QJsonObject CTdscdmaDataModelResponseBuilder::WriteTpcModel(QJsonObject &model, const STdscdmaUITpcDataByBand &data,
                                                             const STdscdmaUITpcDataByBandV3 *offsets)
 {
     if (!IsJsonValueDefined(GetJsonValueConst(model, "calDataIf.data")))
-        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+        return model;
 
     // The V3 model has its "TX Power Setting" group fourth, and the groups
     // from there on one further down.
@@ -149,8 +161,20 @@ QJsonArray CTdscdmaDataModelResponseBuilder::LossColumn(const int16_t (&losses)[
 std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModel(QJsonObject &model,
                                                                       _FTA_tl1cal_pathlossData_T data)
 {
+    return Text(PathlossDataModel(model, data));
+}
+
+std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModelV3(QJsonObject &model,
+                                                                        _FTA_tl1cal_pathlossData_8level_T data)
+{
+    return Text(PathlossDataModelV3(model, data));
+}
+
+QJsonObject CTdscdmaDataModelResponseBuilder::PathlossDataModel(QJsonObject &model,
+                                                                const _FTA_tl1cal_pathlossData_T &data)
+{
     if (!IsJsonValueDefined(GetJsonValueConst(model, "calDataIf.data")))
-        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+        return model;
     const QString failure = "Update RX pathloss data failed";
     QVector<SWrite> writes;
     for (int group = 1; group <= 2; ++group) {
@@ -163,11 +187,11 @@ std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModel(QJsonObjec
     return WriteAll(model, writes);
 }
 
-std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModelV3(QJsonObject &model,
-                                                                        _FTA_tl1cal_pathlossData_8level_T data)
+QJsonObject CTdscdmaDataModelResponseBuilder::PathlossDataModelV3(QJsonObject &model,
+                                                                  const _FTA_tl1cal_pathlossData_8level_T &data)
 {
     if (!IsJsonValueDefined(GetJsonValueConst(model, "calDataIf.data")))
-        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+        return model;
     QVector<SWrite> writes{{Default(1, "uarfcn"), DecimalColumn(data.subbandMaxUarfcn),
                             "Update RX pathloss frequency failed"}};
     for (int mode = 0; mode < 8; ++mode) {
@@ -184,10 +208,10 @@ std::string CTdscdmaDataModelResponseBuilder::GetAfcDataModel(QJsonObject model,
 {
     const QString group = "cmdIf.response.group1.memberProperty.";
     const float slope = 4096.0f / float(data.slopeInverse);
-    return WriteAll(model, {{group + "initAfcdac.trait.defaultValue", QString::number(data.initAfcDac),
+    return Text(WriteAll(model, {{group + "initAfcdac.trait.defaultValue", QString::number(data.initAfcDac),
                              "Update Init AFC DAC failed"},
                             {group + "slope.trait.defaultValue", QString::number(slope, 'g', 6), "Update slope failed"},
-                            {group + "capId.trait.defaultValue", QString::number(data.capId), "Update cap ID failed"}});
+                            {group + "capId.trait.defaultValue", QString::number(data.capId), "Update cap ID failed"}}));
 }
 
 bool CTdscdmaDataModelResponseBuilder::SetTadcTable(QJsonObject &model, const CTdscdmaTadc::AdcTable &adc)
@@ -209,8 +233,8 @@ std::string CTdscdmaDataModelResponseBuilder::GetTadcDataModel(QJsonObject model
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateTadcMeasureResult(QJsonObject model, QString result)
 {
-    return WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,
-                             "Update measure result failed."}});
+    return Text(WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,
+                                  "Update measure result failed."}}));
 }
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateRssiResult(QJsonObject model, bool isAgcEx, SRssiResult result)
@@ -218,18 +242,18 @@ std::string CTdscdmaDataModelResponseBuilder::UpdateRssiResult(QJsonObject model
     const QString rssi = isAgcEx ? Fixed(result.rssiEx * 0.125, 3) : QString::number(result.rssi);
     const QString dspPower = m_capability.IsDspPowerInQ3() ? Fixed((int(result.dspPower) - 65536) * 0.125, 3)
                                                            : Fixed(result.dspPower, 2);
-    return WriteAll(model, {
-                               {"cmdIf.response.group1.memberProperty.rssi.trait.defaultValue", rssi,
-                                "Update Rssi result failed."},
-                               {"cmdIf.response.group1.memberProperty.dspPower.trait.defaultValue", dspPower,
-                                "Update DSP power result failed."},
-                               {"cmdIf.response.group1.memberProperty.usedGain.trait.defaultValue",
-                                QString::number(result.usedGain), "Update Used Gain result failed."},
-                           });
+    return Text(WriteAll(model, {
+                                    {"cmdIf.response.group1.memberProperty.rssi.trait.defaultValue", rssi,
+                                     "Update Rssi result failed."},
+                                    {"cmdIf.response.group1.memberProperty.dspPower.trait.defaultValue", dspPower,
+                                     "Update DSP power result failed."},
+                                    {"cmdIf.response.group1.memberProperty.usedGain.trait.defaultValue",
+                                     QString::number(result.usedGain), "Update Used Gain result failed."},
+                                }));
 }
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateRegisterResult(QJsonObject model, uint16_t value)
 {
-    return WriteAll(model, {{"cmdIf.response.group1.memberProperty.regValue.trait.defaultValue",
-                             QString::number(value), "Update baseband register result failed."}});
+    return Text(WriteAll(model, {{"cmdIf.response.group1.memberProperty.regValue.trait.defaultValue",
+                                  QString::number(value), "Update baseband register result failed."}}));
 }

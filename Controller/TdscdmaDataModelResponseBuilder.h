@@ -15,7 +15,8 @@
 #include "TestCommandRecords.h"
 
 // Writes what the target answered into a page's model, as the texts the
-// page shows, and gives the model back as compact JSON text. A model that
+// page shows, and gives the model back as compact JSON text (or, for the
+// band data of the calibration pages, as the model itself). A model that
 // lacks a member comes back as the substitute empty model with the failure.
 class CTdscdmaDataModelResponseBuilder {
 public:
@@ -23,6 +24,9 @@ public:
     // members. A model without calibration data comes back as it is.
     std::string GetTpcDataModel(QJsonObject model, STdscdmaUITpcDataByBand data);
     std::string GetTpcDataModelV3(QJsonObject model, STdscdmaUITpcDataByBandV3 data);
+    // The same, giving the model itself.
+    QJsonObject TpcDataModel(QJsonObject model, const STdscdmaUITpcDataByBand &data);
+    QJsonObject TpcDataModelV3(QJsonObject model, const STdscdmaUITpcDataByBandV3 &data);
 
     // The path loss of one band as the defaults of the path loss model's
     // members: losses in dB with three decimals on a target with extended
@@ -30,6 +34,9 @@ public:
     // as it is.
     std::string UpdatePathlossDataModel(QJsonObject &model, _FTA_tl1cal_pathlossData_T data);
     std::string UpdatePathlossDataModelV3(QJsonObject &model, _FTA_tl1cal_pathlossData_8level_T data);
+    // The same, giving the model itself.
+    QJsonObject PathlossDataModel(QJsonObject &model, const _FTA_tl1cal_pathlossData_T &data);
+    QJsonObject PathlossDataModelV3(QJsonObject &model, const _FTA_tl1cal_pathlossData_8level_T &data);
 
     // The AFC data as the defaults of the "AFC Control" model's response
     // members: the slope as 4096 over the stored inverse.
@@ -50,7 +57,7 @@ private:
     template <size_t N>
     QJsonArray LossColumn(const int16_t (&losses)[N]);
     // What the two TPC models share; `offsets` only for the V3 model.
-    std::string WriteTpcModel(QJsonObject &model, const STdscdmaUITpcDataByBand &data,
+    QJsonObject WriteTpcModel(QJsonObject &model, const STdscdmaUITpcDataByBand &data,
                               const STdscdmaUITpcDataByBandV3 *offsets);
 
     CTdscdmaCapability m_capability;

@@ -126,10 +126,13 @@ void CAutoBindingDataModelDockWidget::InitWidgets()
 {
     qCDebug(lcFramework) << "============ [Start] Init widget ============ ";
     const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
+    m_valueWidgets.clear();
     for (QWidget *widget : widgets) {
         if (IsClass(widget, "QGroupBox"))
             widget->setFont(TitleFont());
         const QString name = widget->objectName();
+        if (IsValueName(name))
+            m_valueWidgets.append(widget);
         if (!IsBoundName(name)) {
             qCDebug(lcFramework) << " Skip " << name;
             continue;
@@ -143,7 +146,7 @@ void CAutoBindingDataModelDockWidget::InitWidgets()
         }
         qCDebug(lcFramework) << "====== Processing Name ====== " << name << ": " << ClassOf(widget);
 
-        if (path.contains("caption")) {
+        if (path.contains(QLatin1String("caption"))) {
             qCDebug(lcFramework) << "---> Caption Setting: caption <---" << value;
             path.truncate(path.lastIndexOf('.'));
             const QJsonValue supportValue = GetJsonValueConst(m_model, path + ".defaultSupport");
@@ -414,7 +417,7 @@ void CAutoBindingDataModelDockWidget::InitType3Widget(QString path, QWidget *wid
         const bool enabled = member.value("defaultEnableStatus").toInt() != 0;
         const QJsonArray defaults = traitObject.value("defaultValue").toArray();
 
-        if (dataType.contains("Range") || dataType.contains("range")) {
+        if (dataType.contains(QLatin1String("Range")) || dataType.contains(QLatin1String("range"))) {
             const QJsonObject space = ResolveValueObject(member, traitObject).toObject();
             if (dataType == "pointRange" || dataType == "range") {
                 QJsonArray values = defaults;

@@ -3,6 +3,8 @@
 #include <QDockWidget>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QPointer>
+#include <QVector>
 #include <QJsonValue>
 
 #include <string>
@@ -116,6 +118,9 @@ protected:
     QJsonObject m_model;
     QWidget *m_widgetRoot = nullptr;
     int m_isCalDataPage = 0;
+    // The widgets that take part in packing and update, in the order of the
+    // walk at initialisation; found once by that walk, not on every packing.
+    QVector<QPointer<QWidget>> m_valueWidgets;
     CMessageBoxMan m_messageBox;
 
 private:

@@ -68,7 +68,7 @@ bool CellValue(QWidget *cell, const QString &dataType, QString &value)
 struct SValueTarget {
     explicit SValueTarget(const QString &path)
     {
-        const int at = path.indexOf("memberProperty");
+        const int at = path.indexOf(QLatin1String("memberProperty"));
         valuePath = path.left(at) + "memberValue";
         groupPath = path.left(at - 1);
         member = path.mid(path.lastIndexOf('.') + 1);
@@ -100,11 +100,10 @@ std::string CAutoBindingDataModelDockWidget::PackageMemberValue()
 const QJsonObject &CAutoBindingDataModelDockWidget::PackageMemberValueObject()
 {
     qCDebug(lcFramework) << "============ [Start] Package MemberValue ============ ";
-    const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
-    for (QWidget *widget : widgets) {
-        const QString name = widget->objectName();
-        if (!IsValueName(name))
+    for (QWidget *widget : qAsConst(m_valueWidgets)) {
+        if (!widget)
             continue;
+        const QString name = widget->objectName();
         const QString path = PathOf(name);
         if (!IsJsonValueDefined(GetJsonValueConst(m_model, path))) {
             qCCritical(lcFramework).noquote() << "====== Failed to packge: Cannot get its JSON ojbect ====== " + name;
@@ -174,10 +173,9 @@ void CAutoBindingDataModelDockWidget::UpdateWidgets(QJsonObject model)
 {
     qCDebug(lcFramework) << "============ [Start] Update Widget  ============ ";
     m_isModelReady = false;
-    const QList<QWidget *> widgets = m_widgetRoot ? m_widgetRoot->findChildren<QWidget *>() : QList<QWidget *>();
-    for (QWidget *widget : widgets) {
-        const QString name = widget->objectName();
-        if (!(name.contains("cmdIf_response_") || name.contains("calDataIf_data_")) || name.contains("caption"))
+    for (QWidget *widget : qAsConst(m_valueWidgets)) {
+        const QString name = widget ? widget->objectName() : QString();
+        if (!(name.contains(QLatin1String("cmdIf_response_")) || name.contains(QLatin1String("calDataIf_data_"))))
             continue;
         const QString path = PathOf(name);
         if (!IsJsonValueDefined(GetJsonValueConst(model, path))) {

@@ -24,8 +24,11 @@ T *AsClass(QWidget *widget, const char *className)
 
 // A name that takes part in binding, and one that also takes part in
 // packing and update (captions do not).
-inline bool IsBoundName(const QString &name) { return name.contains("cmdIf_") || name.contains("calDataIf_"); }
-inline bool IsValueName(const QString &name) { return IsBoundName(name) && !name.contains("caption"); }
+inline bool IsBoundName(const QString &name)
+{
+    return name.contains(QLatin1String("cmdIf_")) || name.contains(QLatin1String("calDataIf_"));
+}
+inline bool IsValueName(const QString &name) { return IsBoundName(name) && !name.contains(QLatin1String("caption")); }
 
 // Widget names and model paths: every "_" of a name is a "." of the path.
 inline QString PathOf(QString objectName) { return objectName.replace('_', '.'); }
@@ -33,9 +36,9 @@ inline QString ObjectNameOf(QString path) { return path.replace('.', '_'); }
 
 // The path of the group that holds `path`, with the "." before
 // "memberProperty" kept: "cmdIf.request.group1." for a member of group1.
-inline QString GroupPathOf(const QString &path) { return path.left(path.indexOf("memberProperty")); }
+inline QString GroupPathOf(const QString &path) { return path.left(path.indexOf(QLatin1String("memberProperty"))); }
 // The same without the trailing ".".
-inline QString GroupOf(const QString &path) { return path.left(path.indexOf("memberProperty") - 1); }
+inline QString GroupOf(const QString &path) { return path.left(path.indexOf(QLatin1String("memberProperty")) - 1); }
 
 QFont TitleFont();
 QFont CellFont();

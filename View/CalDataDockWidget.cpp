@@ -213,8 +213,8 @@ void CCalDataDockWidget::ClearTable(QTableWidget *table, int firstRow)
 
 // ---- Bands -----------------------------------------------------------------------
 
-void CCalDataDockWidget::ChangeBand(const QString &band, void (CTdscdmaRadbenchCore::*set)(std::string),
-                                    std::string (CTdscdmaRadbenchCore::*get)(std::string))
+void CCalDataDockWidget::ChangeBand(const QString &band, void (CTdscdmaRadbenchCore::*set)(const QJsonObject &),
+                                    QJsonObject (CTdscdmaRadbenchCore::*get)(const QJsonObject &))
 {
     if (!m_isModelReady || band.isEmpty() || band == m_shownBand)
         return;
@@ -225,14 +225,13 @@ void CCalDataDockWidget::ChangeBand(const QString &band, void (CTdscdmaRadbenchC
     // The widgets still show the old band's values; the selector already
     // names the new band. One packing serves both: under the old band it
     // stores the edits, as it stands it asks for the new band.
-    QJsonObject previous = PackageMemberValueObject();
-    const std::string packed = QJsonDocument(previous).toJson(QJsonDocument::Compact).toStdString();
-    SetJsonValue(previous, kBandPath, m_shownBand);
-    m_previousModel = QJsonDocument(previous).toJson(QJsonDocument::Compact).toStdString();
+    const QJsonObject packed = PackageMemberValueObject();
+    m_previousModel = packed;
+    SetJsonValue(m_previousModel, kBandPath, m_shownBand);
     (m_viewController->*set)(m_previousModel);
 
     m_shownBand = band;
-    UpdateWidgets(Parse((m_viewController->*get)(packed)));
+    UpdateWidgets((m_viewController->*get)(packed));
 
     EnableOperation();
     emit Signal_PluginIsBusy(false);

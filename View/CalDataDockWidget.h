@@ -106,13 +106,13 @@ protected:
 
     // The user turned the band selector to `band`: `set` stores the values
     // shown under the band they were shown for, `get` gives the new band's.
-    void ChangeBand(const QString &band, void (CTdscdmaRadbenchCore::*set)(std::string),
-                    std::string (CTdscdmaRadbenchCore::*get)(std::string));
+    void ChangeBand(const QString &band, void (CTdscdmaRadbenchCore::*set)(const QJsonObject &),
+                    QJsonObject (CTdscdmaRadbenchCore::*get)(const QJsonObject &));
 
     CTdscdmaRadbenchCore *m_viewController;
     // The page's model as it stood before the band changed: the values shown
     // and the band they belong to.
-    std::string m_previousModel;
+    QJsonObject m_previousModel;
 
 private:
     void BeginOperation();

@@ -461,3 +461,23 @@ std::string CTdscdmaRadbenchCore::GetPathlossCalibrationData(std::string model)
 {
     return CTdscdmaCore::GetInstance()->GetPathlossCalibrationData(model);
 }
+
+void CTdscdmaRadbenchCore::SetTpcCalibrationData(const QJsonObject &model)
+{
+    CTdscdmaCore::GetInstance()->SetTpcCalibrationData(model);
+}
+
+QJsonObject CTdscdmaRadbenchCore::GetTpcCalibrationData(const QJsonObject &model)
+{
+    return CTdscdmaCore::GetInstance()->GetTpcCalibrationData(model);
+}
+
+void CTdscdmaRadbenchCore::SetPathlossCalibrationData(const QJsonObject &model)
+{
+    CTdscdmaCore::GetInstance()->SetPathlossCalibrationData(model);
+}
+
+QJsonObject CTdscdmaRadbenchCore::GetPathlossCalibrationData(const QJsonObject &model)
+{
+    return CTdscdmaCore::GetInstance()->GetPathlossCalibrationData(model);
+}

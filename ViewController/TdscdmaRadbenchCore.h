@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFuture>
+#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 
@@ -96,6 +97,11 @@ public:
     std::string GetTpcCalibrationData(std::string model);
     void SetPathlossCalibrationData(std::string model);
     std::string GetPathlossCalibrationData(std::string model);
+    // The same with the models as they stand, without a way through text.
+    void SetTpcCalibrationData(const QJsonObject &model);
+    QJsonObject GetTpcCalibrationData(const QJsonObject &model);
+    void SetPathlossCalibrationData(const QJsonObject &model);
+    QJsonObject GetPathlossCalibrationData(const QJsonObject &model);
 
 signals:
     void Signal_SetUbinDone(SEachItemOperationResult itemResult);

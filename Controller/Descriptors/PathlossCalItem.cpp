@@ -1,5 +1,7 @@
 #include "PathlossCalItem.h"
 
+#include <QJsonDocument>
+
 #include "ItemInfo.h"
 #include "JsonPath.h"
 #include "RadbenchLog.h"
@@ -47,11 +49,16 @@ void CPathlossCalItem::SetCalibrationData(const QJsonObject &model)
 
 std::string CPathlossCalItem::GetCalibrationData(const QJsonObject &model)
 {
+    return QJsonDocument(GetCalibrationDataModel(model)).toJson(QJsonDocument::Compact).toStdString();
+}
+
+QJsonObject CPathlossCalItem::GetCalibrationDataModel(const QJsonObject &model)
+{
     const QString text = GetJsonValueConst(model, "calDataIf.config.group1.memberValue.band").toString();
     const int band = CTdscdmaCoreCmdBuilder::GetBandIndexByName(text);
     qCDebug(lcController) << "GetPathlossCalibrationData: band " << text << band;
     QJsonObject filled = model;
     if (IsV3())
-        return m_responseBuilder.UpdatePathlossDataModelV3(filled, m_pathLossV3Obj.GetBandDataV3(band));
-    return m_responseBuilder.UpdatePathlossDataModel(filled, PathLoss().GetBandData(band));
+        return m_responseBuilder.PathlossDataModelV3(filled, m_pathLossV3Obj.GetBandDataV3(band));
+    return m_responseBuilder.PathlossDataModel(filled, PathLoss().GetBandData(band));
 }

@@ -22,6 +22,7 @@ public:
     int Move(ECalDataMovement movement, TIniFile *file, QString &errorMessage) override;
     void SetCalibrationData(const QJsonObject &model) override;
     std::string GetCalibrationData(const QJsonObject &model) override;
+    QJsonObject GetCalibrationDataModel(const QJsonObject &model) override;
 
     CTdscdmaPathLoss &PathLossObj() { return m_pathLossObj; }
     CTdscdmaPathLossV2 &PathLossV2Obj() { return m_pathLossV2Obj; }

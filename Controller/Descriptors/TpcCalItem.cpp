@@ -1,5 +1,7 @@
 #include "TpcCalItem.h"
 
+#include <QJsonDocument>
+
 #include "ItemInfo.h"
 #include "JsonPath.h"
 #include "RadbenchLog.h"
@@ -50,10 +52,15 @@ void CTpcCalItem::SetCalibrationData(const QJsonObject &model)
 
 std::string CTpcCalItem::GetCalibrationData(const QJsonObject &model)
 {
+    return QJsonDocument(GetCalibrationDataModel(model)).toJson(QJsonDocument::Compact).toStdString();
+}
+
+QJsonObject CTpcCalItem::GetCalibrationDataModel(const QJsonObject &model)
+{
     const int band = BandOf(model, "GetTpcCalibrationData: band ");
     if (IsVersion2()) {
         qCDebug(lcController) << "m_tdscdmaCapObj.GetNvramVerNum() == FTA_AST_TL1_NVRAM_VERSION_TWO";
-        return m_responseBuilder.GetTpcDataModelV3(model, m_tpcV3Obj.GetBandDataV3(band));
+        return m_responseBuilder.TpcDataModelV3(model, m_tpcV3Obj.GetBandDataV3(band));
     }
-    return m_responseBuilder.GetTpcDataModel(model, m_tpcObj.GetBandData(band));
+    return m_responseBuilder.TpcDataModel(model, m_tpcObj.GetBandData(band));
 }

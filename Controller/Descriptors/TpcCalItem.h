@@ -19,6 +19,7 @@ public:
     int Move(ECalDataMovement movement, TIniFile *file, QString &errorMessage) override;
     void SetCalibrationData(const QJsonObject &model) override;
     std::string GetCalibrationData(const QJsonObject &model) override;
+    QJsonObject GetCalibrationDataModel(const QJsonObject &model) override;
 
     // The item of the record generation without structure version.
     CTdscdmaTpc &TpcObj() { return m_tpcObj; }

@@ -33,3 +33,8 @@ std::string CCalItemDescriptor::GetCalibrationData(const QJsonObject &model)
 {
     return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
 }
+
+QJsonObject CCalItemDescriptor::GetCalibrationDataModel(const QJsonObject &model)
+{
+    return QJsonDocument::fromJson(QByteArray::fromStdString(GetCalibrationData(model))).object();
+}

@@ -59,6 +59,9 @@ public:
     // defaults store nothing and give the model back as it came.
     virtual void SetCalibrationData(const QJsonObject &model);
     virtual std::string GetCalibrationData(const QJsonObject &model);
+    // The same giving the model itself; an item that builds it as an object
+    // gives it so, the others' text is parsed.
+    virtual QJsonObject GetCalibrationDataModel(const QJsonObject &model);
 
 protected:
     // A movement of an item object: one of its four operations, then its text.

@@ -200,14 +200,26 @@ bool IRfCoreCalDataOperation::StopBefore(SCalDataRun &run, int next)
 
 void IRfCoreCalDataOperation::SetCalibrationData(const QString &item, const std::string &model)
 {
-    if (CCalItemDescriptor *descriptor = m_calItemMap.ByName(item))
-        descriptor->SetCalibrationData(ParseModel(model));
+    if (m_calItemMap.ByName(item))
+        SetCalibrationData(item, ParseModel(model));
 }
 
 std::string IRfCoreCalDataOperation::GetCalibrationData(const QString &item, const std::string &model)
 {
     CCalItemDescriptor *descriptor = m_calItemMap.ByName(item);
     return descriptor ? descriptor->GetCalibrationData(ParseModel(model)) : model;
+}
+
+void IRfCoreCalDataOperation::SetCalibrationData(const QString &item, const QJsonObject &model)
+{
+    if (CCalItemDescriptor *descriptor = m_calItemMap.ByName(item))
+        descriptor->SetCalibrationData(model);
+}
+
+QJsonObject IRfCoreCalDataOperation::GetCalibrationData(const QString &item, const QJsonObject &model)
+{
+    CCalItemDescriptor *descriptor = m_calItemMap.ByName(item);
+    return descriptor ? descriptor->GetCalibrationDataModel(model) : model;
 }
 
 SCalDataRoute IRfCoreCalDataOperation::CalDataRoute(const QString &item)

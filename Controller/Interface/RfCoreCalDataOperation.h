@@ -68,6 +68,9 @@ public:
     // text). Called on the user interface thread while no movement runs.
     void SetCalibrationData(const QString &item, const std::string &model);
     std::string GetCalibrationData(const QString &item, const std::string &model);
+    // The same with the models as they stand, for a caller that holds them so.
+    void SetCalibrationData(const QString &item, const QJsonObject &model);
+    QJsonObject GetCalibrationData(const QString &item, const QJsonObject &model);
     // Which controller moves `item` on the connected target, and its name there.
     SCalDataRoute CalDataRoute(const QString &item);
 

@@ -48,7 +48,12 @@ std::string BuildEmptyModelString() { return Compact(QJsonObject{{"emptyModel", 
 
 std::string BuildEmptyModelStringWithError(QString errorMessage)
 {
+    return Compact(BuildEmptyModelWithError(errorMessage));
+}
+
+QJsonObject BuildEmptyModelWithError(const QString &errorMessage)
+{
     QJsonObject model{{"emptyModel", ""}};
     InsertModelUpdateResult(model, false, errorMessage);
-    return Compact(model);
+    return model;
 }

@@ -17,3 +17,4 @@ void AddModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMess
 std::string BuildEmptyModelString();
 // The same, marked as a failed update with `errorMessage`.
 std::string BuildEmptyModelStringWithError(QString errorMessage);
+QJsonObject BuildEmptyModelWithError(const QString &errorMessage);
