@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "FaultPositions.h"
 #include "GeneralCore.h"
 #include "RadioSession.h"
 #include "TIniFile.h"
@@ -108,20 +109,6 @@ SOutcome Test(const QString &item)
     if (!Await(outcome.ended, receiver))
         qWarning("no end of the test %s", qPrintable(item));
     return outcome;
-}
-
-// The positions of the calls to fail: all of them, or in CI the first few,
-// the last, and an even spread between.
-QVector<int> Positions(int calls)
-{
-    QVector<int> positions;
-    const bool full = qEnvironmentVariableIntValue("RADBENCH_FULL_SWEEP") == 1;
-    const int spread = 10;
-    for (int n = 1; n <= calls; ++n) {
-        if (full || calls <= 2 * spread || n <= spread / 2 || n == calls || n % (calls / spread) == 0)
-            positions << n;
-    }
-    return positions;
 }
 
 // Profile and its database afresh, and the controllers' knowledge of the target forgotten.
@@ -272,7 +259,7 @@ private slots:
         const int calls = TavoSim::CallLog().size();
         after = Read(touched);
 
-        for (int n : Positions(calls)) {
+        for (int n : FaultPositions(calls)) {
             QVERIFY(prepare());
             TavoSim::InjectFault("*", TAVO_ERR_FAILED, 1, n - 1);
             const SOutcome outcome = run();
@@ -324,7 +311,7 @@ private slots:
         QVERIFY2(clean.result.IsSuccess(), qPrintable(clean.result.errorMessage));
         const int calls = TavoSim::CallLog().size();
         QVERIFY(Stop(item));
-        for (int n : Positions(calls)) {
+        for (int n : FaultPositions(calls)) {
             TavoSim::ClearCallLog();
             TavoSim::InjectFault("*", TAVO_ERR_FAILED, 1, n - 1);
             const SOutcome outcome = Test(item);

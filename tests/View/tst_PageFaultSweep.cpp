@@ -12,25 +12,12 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "FaultPositions.h"
 #include "ModalBoxCatcher.h"
 #include "TavoSimControl.h"
 #include "ToolSession.h"
 
 namespace {
-
-// The positions of the calls to fail: all of them, or in CI the first few,
-// the last, and an even spread between.
-QVector<int> Positions(int calls)
-{
-    QVector<int> positions;
-    const bool full = qEnvironmentVariableIntValue("RADBENCH_FULL_SWEEP") == 1;
-    const int spread = 10;
-    for (int n = 1; n <= calls; ++n) {
-        if (full || calls <= 2 * spread || n <= spread / 2 || n == calls || n % (calls / spread) == 0)
-            positions << n;
-    }
-    return positions;
-}
 
 int g_runs = 0;
 int g_failedRuns = 0;
@@ -111,7 +98,7 @@ private slots:
         }
         const int calls = TavoSim::CallLog().size();
 
-        for (int n : Positions(calls)) {
+        for (int n : FaultPositions(calls)) {
             TavoSim::ClearCallLog();
             TavoSim::InjectFault("*", TAVO_ERR_FAILED, 1, n - 1);
             ModalBoxCatcher boxes;
