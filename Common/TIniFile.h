@@ -2,10 +2,10 @@
 
 #include <QString>
 
-class QIODevice;
-
 #include <memory>
 #include <string>
+
+class QIODevice;
 
 // A Cal/INI file: sections of "key = value" lines in UTF-8 (a file that is
 // no UTF-8 is taken as Latin-1 and kept so, byte for byte). Section and key

@@ -2,11 +2,11 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QJsonDocument>
 
 #include "Descriptors/TdscdmaItemCatalog.h"
 #include "ErrorCodeInfo.h"
 #include "Interface/PoolRun.h"
+#include "ModelUpdateResult.h"
 #include "RadbenchLog.h"
 #include "RadbenchResources.h"
 #include "TavoApp.h"
@@ -217,7 +217,7 @@ std::string CTdscdmaCore::GetDataModel(QString pageName)
                                                    {SFreqPathDir{fit.freqPath, fit.uplink}}, fit.bandGroups);
         if (fit.update)
             fit.update(m_capUpdater, model);
-        return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+        return ModelText(model);
     } catch (...) {
         SetErrorMessage("CTdscdmaCore::GetDataModel: unexpected exception");
         return std::string();

@@ -54,7 +54,7 @@ std::string CTdscdmaDataModelCapUpdater::Get3gppDataModel()
         qCCritical(lcController) << "CTdscdmaDataModelCapUpdater: no band plan, every band takes the fallback range";
         return std::string();
     }
-    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    return ModelText(model);
 }
 
 QJsonValue CTdscdmaDataModelCapUpdater::GetOperatingBand(const QString &band) const

@@ -1,7 +1,6 @@
 #include "TdscdmaDataModelResponseBuilder.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QVector>
 
 #include <cstddef>
@@ -17,8 +16,6 @@ struct SWrite {
     QJsonValue value;
     QString failure;
 };
-
-std::string Text(const QJsonObject &model) { return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString(); }
 
 // Writes in order; the first write that fails gives the substitute model
 // with its failure text, and no later write is made.
@@ -75,12 +72,12 @@ void AddPaModes(QVector<SWrite> &writes, int group, const T (&field)[M][N], Colu
 
 std::string CTdscdmaDataModelResponseBuilder::GetTpcDataModel(QJsonObject model, STdscdmaUITpcDataByBand data)
 {
-    return Text(TpcDataModel(std::move(model), data));
+    return ModelText(TpcDataModel(std::move(model), data));
 }
 
 std::string CTdscdmaDataModelResponseBuilder::GetTpcDataModelV3(QJsonObject model, STdscdmaUITpcDataByBandV3 data)
 {
-    return Text(TpcDataModelV3(std::move(model), data));
+    return ModelText(TpcDataModelV3(std::move(model), data));
 }
 
 QJsonObject CTdscdmaDataModelResponseBuilder::TpcDataModel(QJsonObject model, const STdscdmaUITpcDataByBand &data)
@@ -161,13 +158,13 @@ QJsonArray CTdscdmaDataModelResponseBuilder::LossColumn(const int16_t (&losses)[
 std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModel(QJsonObject &model,
                                                                       _FTA_tl1cal_pathlossData_T data)
 {
-    return Text(PathlossDataModel(model, data));
+    return ModelText(PathlossDataModel(model, data));
 }
 
 std::string CTdscdmaDataModelResponseBuilder::UpdatePathlossDataModelV3(QJsonObject &model,
                                                                         _FTA_tl1cal_pathlossData_8level_T data)
 {
-    return Text(PathlossDataModelV3(model, data));
+    return ModelText(PathlossDataModelV3(model, data));
 }
 
 QJsonObject CTdscdmaDataModelResponseBuilder::PathlossDataModel(QJsonObject &model,
@@ -208,7 +205,7 @@ std::string CTdscdmaDataModelResponseBuilder::GetAfcDataModel(QJsonObject model,
 {
     const QString group = "cmdIf.response.group1.memberProperty.";
     const float slope = 4096.0f / float(data.slopeInverse);
-    return Text(WriteAll(model, {{group + "initAfcdac.trait.defaultValue", QString::number(data.initAfcDac),
+    return ModelText(WriteAll(model, {{group + "initAfcdac.trait.defaultValue", QString::number(data.initAfcDac),
                              "Update Init AFC DAC failed"},
                             {group + "slope.trait.defaultValue", QString::number(slope, 'g', 6), "Update slope failed"},
                             {group + "capId.trait.defaultValue", QString::number(data.capId), "Update cap ID failed"}}));
@@ -228,12 +225,12 @@ std::string CTdscdmaDataModelResponseBuilder::GetTadcDataModel(QJsonObject model
 {
     if (!SetTadcTable(model, adc))
         return BuildEmptyModelString();
-    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    return ModelText(model);
 }
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateTadcMeasureResult(QJsonObject model, QString result)
 {
-    return Text(WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,
+    return ModelText(WriteAll(model, {{"cmdIf.response.group1.memberProperty.adc.trait.defaultValue", result,
                                   "Update measure result failed."}}));
 }
 
@@ -242,7 +239,7 @@ std::string CTdscdmaDataModelResponseBuilder::UpdateRssiResult(QJsonObject model
     const QString rssi = isAgcEx ? Fixed(result.rssiEx * 0.125, 3) : QString::number(result.rssi);
     const QString dspPower = m_capability.IsDspPowerInQ3() ? Fixed((int(result.dspPower) - 65536) * 0.125, 3)
                                                            : Fixed(result.dspPower, 2);
-    return Text(WriteAll(model, {
+    return ModelText(WriteAll(model, {
                                     {"cmdIf.response.group1.memberProperty.rssi.trait.defaultValue", rssi,
                                      "Update Rssi result failed."},
                                     {"cmdIf.response.group1.memberProperty.dspPower.trait.defaultValue", dspPower,
@@ -254,6 +251,6 @@ std::string CTdscdmaDataModelResponseBuilder::UpdateRssiResult(QJsonObject model
 
 std::string CTdscdmaDataModelResponseBuilder::UpdateRegisterResult(QJsonObject model, uint16_t value)
 {
-    return Text(WriteAll(model, {{"cmdIf.response.group1.memberProperty.regValue.trait.defaultValue",
+    return ModelText(WriteAll(model, {{"cmdIf.response.group1.memberProperty.regValue.trait.defaultValue",
                                   QString::number(value), "Update baseband register result failed."}}));
 }

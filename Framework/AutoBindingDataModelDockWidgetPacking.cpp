@@ -6,13 +6,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QJsonDocument>
 #include <QLabel>
 #include <QSpinBox>
 #include <QTableWidget>
 
 #include "JsonPath.h"
 #include "ModelBinding.h"
+#include "ModelUpdateResult.h"
 #include "RadbenchLog.h"
 #include "UnsignedSpinBox.h"
 
@@ -92,7 +92,7 @@ bool WriteMemberValue(QJsonObject &model, const SValueTarget &target, const QJso
 
 std::string CAutoBindingDataModelDockWidget::PackageMemberValue()
 {
-    const std::string text = QJsonDocument(PackageMemberValueObject()).toJson(QJsonDocument::Compact).toStdString();
+    const std::string text = ModelText(PackageMemberValueObject());
     qCDebug(lcFramework) << "============ [Done] Package MemberValue ============ " << QString::fromStdString(text);
     return text;
 }

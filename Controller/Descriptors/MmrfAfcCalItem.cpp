@@ -1,7 +1,5 @@
 #include "MmrfAfcCalItem.h"
 
-#include <QJsonDocument>
-
 #include "ItemInfo.h"
 #include "JsonPath.h"
 #include "ModelUpdateResult.h"
@@ -83,5 +81,5 @@ std::string CMmrfAfcCalItem::GetModelWithData(QJsonObject model, int rat)
         if (!SetJsonValue(model, path, write.value))
             return BuildEmptyModelStringWithError(write.failure);
     }
-    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    return ModelText(model);
 }

@@ -1,9 +1,8 @@
 #include "PathlossCalItem.h"
 
-#include <QJsonDocument>
-
 #include "ItemInfo.h"
 #include "JsonPath.h"
+#include "ModelUpdateResult.h"
 #include "RadbenchLog.h"
 
 const char *const CPathlossCalItem::kNoItemMessage =
@@ -49,7 +48,7 @@ void CPathlossCalItem::SetCalibrationData(const QJsonObject &model)
 
 std::string CPathlossCalItem::GetCalibrationData(const QJsonObject &model)
 {
-    return QJsonDocument(GetCalibrationDataModel(model)).toJson(QJsonDocument::Compact).toStdString();
+    return ModelText(GetCalibrationDataModel(model));
 }
 
 QJsonObject CPathlossCalItem::GetCalibrationDataModel(const QJsonObject &model)

@@ -1,9 +1,8 @@
 #include "TpcCalItem.h"
 
-#include <QJsonDocument>
-
 #include "ItemInfo.h"
 #include "JsonPath.h"
+#include "ModelUpdateResult.h"
 #include "RadbenchLog.h"
 
 namespace {
@@ -52,7 +51,7 @@ void CTpcCalItem::SetCalibrationData(const QJsonObject &model)
 
 std::string CTpcCalItem::GetCalibrationData(const QJsonObject &model)
 {
-    return QJsonDocument(GetCalibrationDataModel(model)).toJson(QJsonDocument::Compact).toStdString();
+    return ModelText(GetCalibrationDataModel(model));
 }
 
 QJsonObject CTpcCalItem::GetCalibrationDataModel(const QJsonObject &model)

@@ -2,6 +2,8 @@
 
 #include <QJsonDocument>
 
+#include "ModelUpdateResult.h"
+
 CCalItemDescriptor::CCalItemDescriptor(int id, QString name, std::function<bool()> isSupported)
     : m_id(id), m_name(std::move(name)), m_isSupported(std::move(isSupported))
 {
@@ -31,7 +33,7 @@ void CCalItemDescriptor::SetCalibrationData(const QJsonObject &model) { Q_UNUSED
 
 std::string CCalItemDescriptor::GetCalibrationData(const QJsonObject &model)
 {
-    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
+    return ModelText(model);
 }
 
 QJsonObject CCalItemDescriptor::GetCalibrationDataModel(const QJsonObject &model)

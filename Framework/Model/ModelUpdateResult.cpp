@@ -10,11 +10,6 @@ namespace {
 
 const QString kIntegrity = "modelIntegrity";
 
-std::string Compact(const QJsonObject &object)
-{
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
-}
-
 } // namespace
 
 void InsertModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMessage)
@@ -44,11 +39,11 @@ void AddModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMess
     SetJsonValue(model, "modelIntegrity.messageList", messages);
 }
 
-std::string BuildEmptyModelString() { return Compact(QJsonObject{{"emptyModel", ""}}); }
+std::string BuildEmptyModelString() { return ModelText(QJsonObject{{"emptyModel", ""}}); }
 
 std::string BuildEmptyModelStringWithError(QString errorMessage)
 {
-    return Compact(BuildEmptyModelWithError(errorMessage));
+    return ModelText(BuildEmptyModelWithError(errorMessage));
 }
 
 QJsonObject BuildEmptyModelWithError(const QString &errorMessage)
@@ -56,4 +51,9 @@ QJsonObject BuildEmptyModelWithError(const QString &errorMessage)
     QJsonObject model{{"emptyModel", ""}};
     InsertModelUpdateResult(model, false, errorMessage);
     return model;
+}
+
+std::string ModelText(const QJsonObject &model)
+{
+    return QJsonDocument(model).toJson(QJsonDocument::Compact).toStdString();
 }

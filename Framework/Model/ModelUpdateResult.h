@@ -13,6 +13,9 @@ void InsertModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorM
 // Adds a message to the outcome; a true never overwrites an earlier false.
 void AddModelUpdateResult(QJsonObject &model, bool allCorrect, QString errorMessage);
 
+// A model as compact JSON text, the form in which cores and pages pass it.
+std::string ModelText(const QJsonObject &model);
+
 // The substitute model a core hands back when it has none: {"emptyModel":""}.
 std::string BuildEmptyModelString();
 // The same, marked as a failed update with `errorMessage`.
