@@ -3,9 +3,9 @@
 #include <QDockWidget>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QJsonValue>
 #include <QPointer>
 #include <QVector>
-#include <QJsonValue>
 
 #include <string>
 
