@@ -13,12 +13,12 @@
 #define SI_CONVERT_ICU
 #include <SimpleIni.h>
 
-#include <algorithm>
 #include <tuple>
 #include <vector>
 
 #include "CalDataSession.h"
 #include "GeneralCore.h"
+#include "Median.h"
 #include "TIniFile.h"
 #include "TavoSimControl.h"
 #include "TdscdmaCore.h"
@@ -76,16 +76,6 @@ void BenchBudgets::fullExportFromTarget()
         QVERIFY(session.Upload(path, {}, results, error));
     }
 }
-
-namespace {
-
-double Median(std::vector<double> runs)
-{
-    std::sort(runs.begin(), runs.end());
-    return runs[runs.size() / 2];
-}
-
-}  // namespace
 
 void BenchBudgets::calIniLayerOnFullExport()
 {

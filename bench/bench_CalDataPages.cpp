@@ -8,18 +8,17 @@
 // both pages, against the band change (the page's own update of all its
 // widgets). Run: build/bin/bench_CalDataPages
 #include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QTableWidget>
 #include <QDockWidget>
-#include <QStatusBar>
-#include <QToolButton>
+#include <QDoubleSpinBox>
 #include <QElapsedTimer>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QToolButton>
 #include <QtTest>
-
-#include <algorithm>
 
 #include "Descriptors/PathlossCalItem.h"
 #include "Descriptors/TpcCalItem.h"
+#include "Median.h"
 #include "TavoApp.h"
 #include "TavoSimControl.h"
 #include "ToolSession.h"
@@ -121,14 +120,12 @@ void BenchCalDataPages::writeFromButtonToStatus()
 namespace {
 
 // The slowest band's median.
-double SlowestMedian(QVector<QVector<double>> perBand)
+double SlowestMedian(const QVector<QVector<double>> &perBand)
 {
     double slowest = 0;
-    for (QVector<double> &runs : perBand) {
-        if (runs.isEmpty())
-            continue;
-        std::sort(runs.begin(), runs.end());
-        slowest = qMax(slowest, runs[runs.size() / 2]);
+    for (const QVector<double> &runs : perBand) {
+        if (!runs.isEmpty())
+            slowest = qMax(slowest, Median(runs));
     }
     return slowest;
 }

@@ -17,8 +17,7 @@
 #include <QToolButton>
 #include <QtTest>
 
-#include <algorithm>
-
+#include "Median.h"
 #include "TavoCore.h"
 #include "TavoPluginInterface.h"
 #include "TavoSimControl.h"
@@ -90,12 +89,6 @@ QWidget *BenchToolRoundTrips::Window() const
 namespace {
 
 constexpr int kRuns = 21;
-
-double Median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 QWidget *MakeCell(const QByteArray &className, QTableWidget *table)
 {
